@@ -1,0 +1,59 @@
+// Controls of the in-memory backend, for tests: an 80 x 44 grid of cells with
+// a cursor, scripted key records and message-box answers, recorded boxes,
+// tones and viewer requests, a settable monotonic clock and calendar time.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "piattaforma/piattaforma.h"
+
+namespace memoria {
+
+// Everything back to a blank screen, empty queues, clock at 0.
+void Azzera();
+
+char Cella(int x, int y);
+std::string Riga(int y);  // the 80 characters of line y
+int CursoreX();
+int CursoreY();
+std::string Titolo();
+bool ConsoleAperta();
+
+// Key records, delivered in order. `giu` false makes a key-up record.
+void AccodaTasto(WORD codice_virtuale, DWORD stato_controllo = 0, char carattere = 0,
+                 bool giu = true, WORD ripetizioni = 1);
+void AccodaEvento(const INPUT_RECORD& evento);
+size_t TastiInCoda();
+
+// Answers for the next message boxes, in order; with none scripted a box
+// answers IDOK, IDNO for Yes/No boxes and IDCANCEL for Yes/No/Cancel ones.
+void AccodaRisposta(int risposta);
+struct Finestra {
+  std::string testo, titolo;
+  unsigned stile;
+  int risposta;
+};
+const std::vector<Finestra>& Finestre();
+
+struct Tono {
+  uint32_t frequenza, durata;
+};
+const std::vector<Tono>& Toni();
+
+void ImpostaMillisecondi(uint64_t ms);
+void AvanzaMillisecondi(uint64_t ms);
+void ImpostaOraUTC(piattaforma::DataOraUTC ora);
+// Time-outs asked of AttendiEventi, in order; a wait with no key queued
+// advances the clock by its time-out.
+const std::vector<int64_t>& Attese();
+
+const std::vector<std::string>& ComandiVisualizzatore();
+
+// Thrown by TerminaProcesso so that a test can see the program end.
+struct UscitaProcesso {
+  unsigned codice;
+};
+
+}  // namespace memoria

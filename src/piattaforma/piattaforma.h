@@ -1,0 +1,67 @@
+// The one interface to the outside world: terminal or console, keyboard,
+// message boxes, tones, time, file viewer and process exit. Each platform
+// implements it in its own folder (posix, windows) and the in-memory backend
+// (memoria) implements it for the tests; exactly one is linked into a program.
+//
+// Output written with Scrivi becomes visible at the latest when the program
+// next waits for or reads input, opens a message box or sounds a tone.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "piattaforma/tasti.h"
+
+namespace piattaforma {
+
+constexpr int COLONNE_SCHERMO = 80;
+constexpr int RIGHE_SCHERMO = 44;
+
+// Takes the console: standard handles, input mode 24 (the previous one saved),
+// the terminal in raw mode with extended keys requested.
+void ApriConsole();
+// Gives the console back as it was found (input mode, terminal modes).
+void ChiudiConsole();
+
+void ImpostaTitolo(const char* titolo);
+// Window of 80 x 44 characters.
+void DimensionaFinestra();
+// Cursor to column x, line y (0-based).
+void PosizionaCursore(int x, int y);
+// Characters at the cursor, which advances; '\b' moves it one column left.
+void Scrivi(const char* testo, size_t lunghezza);
+
+// Number of input records waiting.
+uint32_t EventiInAttesa();
+// Reads up to `massimo` records (never blocks when EventiInAttesa() > 0);
+// returns how many were read.
+uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo);
+// Returns when input is waiting or after `millisecondi`; a negative value
+// waits for input only.
+void AttendiEventi(int64_t millisecondi);
+
+// Modal box titled `titolo` owned by the console; returns IDOK, IDYES, IDNO
+// or IDCANCEL.
+int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile);
+
+// A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
+// frequencies above hearing are pauses of the same length.
+void Suona(uint32_t frequenza, uint32_t durata);
+
+// Monotonic milliseconds, unaffected by changes of the system time.
+uint64_t Millisecondi();
+struct DataOraUTC {
+  int anno, mese, giorno, ora, minuto, secondo;
+};
+DataOraUTC OraUTC();
+
+// The command line that opens `file` in the viewer the system associates
+// with it, and running such a line (the screen is redrawn afterwards when the
+// viewer used the terminal).
+void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file);
+void EseguiComandoVisualizzatore(const char* comando);
+
+// Ends the process with `codice` (the console is not restored here).
+[[noreturn]] void TerminaProcesso(unsigned codice);
+
+}  // namespace piattaforma
