@@ -1,0 +1,145 @@
+// The position globals, the Zobrist key tables and the placement of pieces.
+#include "board/posizione.h"
+
+#include "board/tabella64.h"
+
+const char CarattereColonna[9] = "abcdefgh";
+const char CaratterePezzo[7] = "pnbrqk";
+
+uint64_t btm_pezzi[2][5];
+uint64_t btm_colore[2];
+uint64_t btm_occupazione;
+
+namespace {
+constexpr uint64_t Vuota(int) { return CASA_VUOTA; }
+}  // namespace
+uint64_t PezzoIn[65] = {TABELLA64(Vuota), CASA_VUOTA};
+
+uint64_t casa_pedone[2][8];
+uint64_t casa_cavallo[2][10];
+uint64_t casa_alfiere[2][10];
+uint64_t casa_torre[2][10];
+uint64_t casa_donna[2][9];
+uint64_t casa_re[2];
+
+uint64_t materiale[2];
+uint64_t InfoPosizione;
+uint64_t ContatoreMosse;
+uint64_t TurnoIniziale;
+uint64_t ElencoMosse[MAX_SEMIMOSSE];
+
+uint64_t ChiaveHash;
+uint64_t HashPedoni;
+
+constexpr uint64_t hash_in[2][6][64] = {
+#include "board/chiavi_zobrist.inc"
+};
+
+// ---------------------------------------------------------------------------
+// Derived key tables: the combined keys make-move XORs in one step.
+namespace {
+
+constexpr uint64_t Pedone(Colore c, int casa) { return hash_in[c][PEDONE][casa]; }
+
+// A single step onto t: White comes from t + 8, Black from t - 8.
+constexpr uint64_t SpostaBianco(int t) {
+  return t >= 8 && t <= 47 ? Pedone(BIANCO, t) ^ Pedone(BIANCO, t + 8) : 0;
+}
+constexpr uint64_t SpostaNero(int t) {
+  return t >= 16 && t <= 55 ? Pedone(NERO, t) ^ Pedone(NERO, t - 8) : 0;
+}
+// A double step onto t: Black lands on rank 5, White on rank 4.
+constexpr uint64_t Sposta2(int t) {
+  if (t >= 24 && t <= 31) return Pedone(NERO, t) ^ Pedone(NERO, t - 16);
+  if (t >= 32 && t <= 39) return Pedone(BIANCO, t) ^ Pedone(BIANCO, t + 16);
+  return 0;
+}
+// t is the captured pawn's square; the capturer lands behind it.
+constexpr uint64_t CatturaEnpassant(int t) {
+  if (t >= 24 && t <= 31) return Pedone(NERO, t) ^ Pedone(BIANCO, t - 8);
+  if (t >= 32 && t <= 39) return Pedone(BIANCO, t) ^ Pedone(NERO, t + 8);
+  return 0;
+}
+// No pawn ever stands on its own back rank, so those pawn keys are free to
+// mark the en passant permission of the pawn that double-stepped to t.
+constexpr uint64_t PermessoEnpassant(int t) {
+  if (t >= 24 && t <= 31) return Pedone(NERO, t - 24);
+  if (t >= 32 && t <= 39) return Pedone(BIANCO, t + 24);
+  return 0;
+}
+
+}  // namespace
+
+constexpr uint64_t HashSpostaPedone_in[2][64] = {{TABELLA64(SpostaBianco)},
+                                                 {TABELLA64(SpostaNero)}};
+constexpr uint64_t HashSpostaPedone2In[64] = {TABELLA64(Sposta2)};
+constexpr uint64_t HashCatturaEnpassantIn[64] = {TABELLA64(CatturaEnpassant)};
+constexpr uint64_t HashPermessoEnpassantIn[64] = {TABELLA64(PermessoEnpassant)};
+
+// The piece keys of each castling, as make-move adds them in one constant.
+static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[62] ^ hash_torre_bianco_in[63] ^
+               hash_torre_bianco_in[61]) == 0x3aa3e0b15d7a91b6ull);
+static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[58] ^ hash_torre_bianco_in[56] ^
+               hash_torre_bianco_in[59]) == 0x7d94c8673fc52b60ull);
+static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[6] ^ hash_torre_nero_in[7] ^
+               hash_torre_nero_in[5]) == 0xecfe612e1daf5aaeull);
+static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[2] ^ hash_torre_nero_in[0] ^
+               hash_torre_nero_in[3]) == 0xd11f82d3411bd340ull);
+static_assert((HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO) == HASH_ARROCCHI_BIANCO);
+static_assert((HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO) == HASH_ARROCCHI_NERO);
+
+// ---------------------------------------------------------------------------
+// Placement. Every update is a toggle: the square must be empty.
+namespace {
+
+template <Colore C, TipoPezzo K>
+void inserisci(uint64_t casa) {
+  const uint64_t bit = 1ull << casa;
+  if constexpr (K == RE) {
+    PezzoIn[casa] = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
+    casa_re[C] = casa;
+  } else {
+    btm_pezzi[C][K] ^= bit;
+    const uint64_t slot = NumeroPezzi(materiale[C], K);
+    PezzoIn[casa] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
+    casa_di<K>(C)[slot] = casa;
+    materiale[C] += IncrementoMateriale[K];
+    if constexpr (K == PEDONE) HashPedoni ^= hash_in[C][K][casa];
+  }
+  btm_colore[C] ^= bit;
+  btm_occupazione ^= bit;
+  ChiaveHash ^= hash_in[C][K][casa];
+}
+
+}  // namespace
+
+void inserisci_pedone_bianco(uint64_t casa) { inserisci<BIANCO, PEDONE>(casa); }
+void inserisci_cavallo_bianco(uint64_t casa) { inserisci<BIANCO, CAVALLO>(casa); }
+void inserisci_alfiere_bianco(uint64_t casa) { inserisci<BIANCO, ALFIERE>(casa); }
+void inserisci_torre_bianco(uint64_t casa) { inserisci<BIANCO, TORRE>(casa); }
+void inserisci_donna_bianco(uint64_t casa) { inserisci<BIANCO, DONNA>(casa); }
+void inserisci_re_bianco(uint64_t casa) { inserisci<BIANCO, RE>(casa); }
+void inserisci_pedone_nero(uint64_t casa) { inserisci<NERO, PEDONE>(casa); }
+void inserisci_cavallo_nero(uint64_t casa) { inserisci<NERO, CAVALLO>(casa); }
+void inserisci_alfiere_nero(uint64_t casa) { inserisci<NERO, ALFIERE>(casa); }
+void inserisci_torre_nero(uint64_t casa) { inserisci<NERO, TORRE>(casa); }
+void inserisci_donna_nero(uint64_t casa) { inserisci<NERO, DONNA>(casa); }
+void inserisci_re_nero(uint64_t casa) { inserisci<NERO, RE>(casa); }
+
+// The square lists and king squares keep stale values: the counts say which
+// slots are meaningful, and placing a king rewrites its square.
+void SvuotaScacchiera() {
+  for (uint64_t& pezzo : PezzoIn) pezzo = CASA_VUOTA;
+  HashPedoni = 0;
+  ChiaveHash = 0;
+  materiale_del_bianco = 0;
+  materiale_del_nero = 0;
+  btm_occupazione = 0;
+  btm_nero = 0;
+  btm_bianco = 0;
+  for (auto& colore : btm_pezzi)
+    for (uint64_t& btm : colore) btm = 0;
+  InfoPosizione = 0;
+  ContatoreMosse = 0;
+  ElencoMosse[0] = 0;
+}
