@@ -1,0 +1,37 @@
+// Start-up, the polling loop and the way out.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "console/tabella_tasti.h"
+#include "piattaforma/tasti.h"
+
+// Shell command lines that open the help page, the move list and the game
+// file in the system's viewer.
+constexpr size_t DIMENSIONE_COMANDO_VISUALIZZATORE = 512;
+extern char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
+extern char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
+extern char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
+
+// Records read from the console in one go.
+constexpr uint32_t EVENTI_PER_LETTURA = 128;
+
+// The program's entry: arguments are ignored; it ends only through
+// ChiudiIlProgramma.
+int pendrino_main(int argc, char** argv);
+void inizializza();
+[[noreturn]] void ChiudiIlProgramma();
+
+// One turn of the loop: wait for keys (at most until the running side's shown
+// second changes), then handle up to EVENTI_PER_LETTURA records.
+void TurnoCiclo();
+[[noreturn]] void CicloPrincipale();
+
+// Handles one input record: key-down records go through the key table,
+// everything else is ignored.
+void GestisciEvento(const INPUT_RECORD& evento);
+// Runs the handler of an action; actions without one are ignored.
+void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto);
+// Whether an action has a handler in this build.
+bool AzioneGestita(Azione azione);

@@ -1,0 +1,147 @@
+#include "console/comandi.h"
+
+#include <cstring>
+
+#include "board/posizione.h"
+#include "clock/orologio.h"
+#include "console/avvio.h"
+#include "console/schermo.h"
+#include "piattaforma/piattaforma.h"
+
+char comando[MASSIMO_CARATTERI_COMANDO + 1];
+uint32_t CharatteriInComando;
+const char CaratteriExtra[] = "+-:=";
+uint32_t fuoco;
+void (*SalvataggioInUscita)();
+
+static constexpr const char* TitoloFinestre = "Attenzione!";
+
+// ---------------------------------------------------------------------------
+// Focus.
+
+struct Punto {
+  int16_t x, y;
+};
+static constexpr Punto PosizioneFuoco[FUOCO_BORDO_SUPERIORE + 1] = {
+    {x_comando, y_comando}, {0, y_tempo[1]},  {0, y_tempo[0]},
+    {0, y_mossa_corrente},  {0, y_semimosse}, {0, y_diritti_arrocco},
+    {0, y_ripetizioni},     {0, y_cadenza},   {0, y_bordo_superiore},
+};
+
+void ImpostaFocus() {
+  if (fuoco > FUOCO_BORDO_SUPERIORE) {
+    piattaforma::FinestraMessaggio("Errore in InpostaFocus!", TitoloFinestre,
+                                   MB_OK | MB_ICONINFORMATION);
+    return;
+  }
+  const Punto p = PosizioneFuoco[fuoco];
+  gotoxy(int16_t(p.x + (fuoco == FUOCO_COMANDO ? CharatteriInComando : 0)), p.y);
+}
+
+void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }
+
+int Domanda(const char* testo, unsigned stile) {
+  const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
+  ImpostaFocus();
+  return risposta;
+}
+
+// Tone marks of the focus: the two ends, and the running side's time line.
+static void SuonaEstremoSuperiore() { piattaforma::Suona(50000, 3); }
+static void SuonaEstremoInferiore() { piattaforma::Suona(700, 9); }
+
+static void SegnalaTempoInMoto() {
+  const bool tempo_in_moto =
+      InMoto && ((fuoco == FUOCO_TEMPO_BIANCO && (ContatoreMosse & 1) == 0) ||
+                 (fuoco == FUOCO_TEMPO_NERO && (ContatoreMosse & 1) == 1));
+  if (!tempo_in_moto) return;
+  piattaforma::Suona(1500, 4);
+  piattaforma::Suona(1500, 4);
+}
+
+void comando_FrecciaSu() {
+  if (fuoco >= FUOCO_BORDO_SUPERIORE) {
+    SuonaEstremoSuperiore();
+    return;
+  }
+  ++fuoco;
+  ImpostaFocus();
+  if (fuoco == FUOCO_BORDO_SUPERIORE)
+    SuonaEstremoSuperiore();
+  else
+    SegnalaTempoInMoto();
+}
+
+void comando_FrecciaGiu() {
+  if (fuoco == FUOCO_COMANDO) {
+    SuonaEstremoInferiore();
+    return;
+  }
+  --fuoco;
+  ImpostaFocus();
+  if (fuoco == FUOCO_COMANDO)
+    SuonaEstremoInferiore();
+  else
+    SegnalaTempoInMoto();
+}
+
+void comando_home() {
+  SuonaEstremoSuperiore();
+  if (fuoco < FUOCO_BORDO_SUPERIORE) {
+    fuoco = FUOCO_BORDO_SUPERIORE;
+    ImpostaFocus();
+  }
+}
+
+void comando_end() {
+  SuonaEstremoInferiore();
+  if (fuoco != FUOCO_COMANDO) {
+    fuoco = FUOCO_COMANDO;
+    ImpostaFocus();
+  }
+}
+
+// ---------------------------------------------------------------------------
+// The command field.
+
+static bool CarattereAmmesso(signed char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+         (c != 0 && std::strchr(CaratteriExtra, c) != nullptr);
+}
+
+void comando_digitazione(signed char carattere) {
+  if (!CarattereAmmesso(carattere)) return;
+  if (CharatteriInComando >= MASSIMO_CARATTERI_COMANDO) {
+    Avvisa("Il comando non puo' contenere piu' di 8 caratteri");
+    return;
+  }
+  fuoco = FUOCO_COMANDO;
+  gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
+  const char c = char(carattere);
+  piattaforma::Scrivi(&c, 1);
+  comando[CharatteriInComando++] = c;
+  piattaforma::Suona(1500, 4);
+}
+
+void comando_backspace() {
+  if (CharatteriInComando == 0) return;
+  fuoco = FUOCO_COMANDO;
+  gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
+  --CharatteriInComando;
+  StampaTesto("\b \b");
+}
+
+// ---------------------------------------------------------------------------
+
+void comando_esci() {
+  switch (Domanda("Salvare la partita prima di uscire?", MB_YESNOCANCEL)) {
+    case IDYES:
+      if (SalvataggioInUscita) SalvataggioInUscita();
+      piattaforma::Suona(3000, 5);
+      ChiudiIlProgramma();
+    case IDNO:
+      ChiudiIlProgramma();
+    default:
+      break;  // Cancel, or a box that could not be shown: stay
+  }
+}

@@ -1,0 +1,38 @@
+// The command field, the focus marker and the key-command handlers.
+#pragma once
+
+#include <cstdint>
+
+constexpr uint32_t MASSIMO_CARATTERI_COMANDO = 8;
+extern char comando[MASSIMO_CARATTERI_COMANDO + 1];
+extern uint32_t CharatteriInComando;
+// Non-alphanumeric characters the command field accepts.
+extern const char CaratteriExtra[];
+
+// Focus: 0 the command field, 1 Black's time, 2 White's time, 3..7 the
+// information lines upwards, 8 the top of the panel area.
+constexpr uint32_t FUOCO_COMANDO = 0;
+constexpr uint32_t FUOCO_TEMPO_NERO = 1;
+constexpr uint32_t FUOCO_TEMPO_BIANCO = 2;
+constexpr uint32_t FUOCO_BORDO_SUPERIORE = 8;
+extern uint32_t fuoco;
+
+// Cursor to the focused line, so a screen reader reads it next.
+void ImpostaFocus();
+
+// Boxes titled "Attenzione!" owned by the console; the cursor goes back to
+// the focus afterwards. Avvisa shows a notice, Domanda returns the answer.
+void Avvisa(const char* testo);
+int Domanda(const char* testo, unsigned stile);
+
+void comando_digitazione(signed char carattere);
+void comando_backspace();
+void comando_FrecciaSu();
+void comando_FrecciaGiu();
+void comando_home();
+void comando_end();
+void comando_esci();
+
+// Saving on the way out. The game file's writer installs itself here; until
+// then "Yes" to the exit question ends the program without writing a file.
+extern void (*SalvataggioInUscita)();

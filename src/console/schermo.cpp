@@ -1,0 +1,171 @@
+#include "console/schermo.h"
+
+#include <cstring>
+
+#include "piattaforma/piattaforma.h"
+
+char messaggio[DIMENSIONE_MESSAGGIO];
+uint32_t InMessaggio;
+
+const char* const StringaColore[2] = {"bianco", "nero"};
+
+void gotoxy(int16_t x, int16_t y) { piattaforma::PosizionaCursore(x, y); }
+
+void StampaTesto(const char* testo) { piattaforma::Scrivi(testo, std::strlen(testo)); }
+
+// `quanti` copies of one character, at most a screen line.
+static void StampaRipetuto(char carattere, int quanti) {
+  char riga[piattaforma::COLONNE_SCHERMO];
+  if (quanti <= 0) return;
+  if (quanti > piattaforma::COLONNE_SCHERMO) quanti = piattaforma::COLONNE_SCHERMO;
+  std::memset(riga, carattere, size_t(quanti));
+  piattaforma::Scrivi(riga, size_t(quanti));
+}
+
+// ---------------------------------------------------------------------------
+// The message buffer. One byte is always kept for the terminating zero.
+
+void SvuotaMessaggio() {
+  InMessaggio = 0;
+  messaggio[0] = 0;
+}
+
+void AggiungiCarattere(char carattere) {
+  if (InMessaggio >= DIMENSIONE_MESSAGGIO - 1) return;
+  messaggio[InMessaggio++] = carattere;
+  messaggio[InMessaggio] = 0;
+}
+
+void AggiungiTesto(const char* testo) {
+  while (*testo && InMessaggio < DIMENSIONE_MESSAGGIO - 1) messaggio[InMessaggio++] = *testo++;
+  messaggio[InMessaggio] = 0;
+}
+
+void AggiungiNumero(int64_t numero) {
+  // Work on the magnitude as unsigned so that the most negative value has one.
+  uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
+  char cifre[21];
+  int n = 0;
+  do {
+    cifre[n++] = char('0' + resto % 10);
+    resto /= 10;
+  } while (resto);
+  if (numero < 0) AggiungiCarattere('-');
+  while (n) AggiungiCarattere(cifre[--n]);
+}
+
+// ---------------------------------------------------------------------------
+// Header.
+
+static const char* const Cavallo[13] = {
+    "    /\\^__",     "   //    \\",     "   |   0  \\_", "   |    \\__| ", "   |     \\",
+    "   |      |",    "   |     /",      "   |     \\",   "   |      \\",   "   |       \\",
+    "  ============", "  /          \\", nullptr,  // line 14 is the rule, drawn apart
+};
+
+// The banner's letters, five rows each, one character per two-column stroke:
+// 'I' is "||", '/' is "//", '\\' is "\\\\", '.' is two spaces.
+struct Lettera {
+  const char* righe[5];
+};
+static constexpr Lettera LetteraP = {{"I\\.", "I.\\", "I./", "I/.", "I.."}};
+static constexpr Lettera LetteraE = {{"./\\", "I..", "I/.", "I..", ".\\/"}};
+static constexpr Lettera LetteraN = {{"I\\.I", "I\\.I", "I\\\\I", "I.\\I", "I.\\I"}};
+static constexpr Lettera LetteraD = {{"I\\.", "I.\\", "I.I", "I./", "I/."}};
+static constexpr Lettera LetteraR = {{"I\\.", "I.\\", "I./", "I\\.", "I.\\"}};
+static constexpr Lettera LetteraI = {{"I", "I", "I", "I", "I"}};
+static constexpr Lettera LetteraO = {{"./\\.", "/..\\", "I..I", "\\../", ".\\/."}};
+static constexpr const Lettera* Insegna[] = {&LetteraP, &LetteraE, &LetteraN, &LetteraD,
+                                             &LetteraR, &LetteraI, &LetteraN, &LetteraO};
+
+constexpr int y_insegna = 4;
+constexpr int x_insegna = 15;
+constexpr int larghezza_insegna = 64;
+
+static const char* Tratto(char codice) {
+  switch (codice) {
+    case 'I':
+      return "||";
+    case '/':
+      return "//";
+    case '\\':
+      return "\\\\";
+    default:
+      return "  ";
+  }
+}
+
+static void StampaCentratoNellInsegna(const char* testo, int16_t riga) {
+  gotoxy(int16_t((larghezza_insegna - int(std::strlen(testo))) / 2 + x_insegna), riga);
+  StampaTesto(testo);
+}
+
+void DisegnaIntestazione() {
+  piattaforma::DimensionaFinestra();
+  for (int16_t i = 0; Cavallo[i]; ++i) {
+    gotoxy(0, int16_t(2 + i));
+    StampaTesto(Cavallo[i]);
+  }
+  gotoxy(0, 14);
+  StampaTesto("  ");
+  StampaRipetuto('-', 76);
+
+  for (int16_t r = 0; r < 5; ++r) {
+    gotoxy(x_insegna, int16_t(y_insegna + r));
+    bool prima = true;
+    for (const Lettera* lettera : Insegna) {
+      if (!prima) StampaTesto(Tratto('.'));
+      prima = false;
+      for (const char* c = lettera->righe[r]; *c; ++c) StampaTesto(Tratto(*c));
+    }
+  }
+  StampaCentratoNellInsegna("Orologio per gli scacchi", 11);
+  StampaCentratoNellInsegna("Pendrino 1.0 - il team di Pendrino", 12);
+}
+
+// ---------------------------------------------------------------------------
+// Fixed labels of the main panel.
+
+void StampaPannelloPrincipale() {
+  for (int16_t r = 0; r < 8; ++r) {
+    gotoxy(27, int16_t(y_scacchiera + r));
+    const char numero[2] = {char('8' - r), 0};
+    StampaTesto(numero);
+  }
+  gotoxy(30, 34);
+  StampaTesto(" A  B  C  D  E  F  G  H");
+  for (int colore = 0; colore < 2; ++colore) {
+    // The colour word with a capital and a colon; both words are short.
+    char etichetta[16];
+    size_t n = std::strlen(StringaColore[colore]);
+    std::memcpy(etichetta, StringaColore[colore], n);
+    etichetta[0] = char(etichetta[0] - 'a' + 'A');
+    etichetta[n] = ':';
+    etichetta[n + 1] = 0;
+    gotoxy(27, y_tempo[colore]);
+    StampaTesto(etichetta);
+  }
+  gotoxy(27, y_comando);
+  StampaTesto("Comando =>");
+  gotoxy(2, 42);
+  StampaRipetuto('-', 76);
+}
+
+// ---------------------------------------------------------------------------
+
+void StampaMessaggioCentrato(int16_t riga) {
+  // A text over 80 columns gets no padding and is cut at the end of its line,
+  // so that it never wraps onto the next panel line.
+  const int colonne = piattaforma::COLONNE_SCHERMO;
+  const int lunghezza = InMessaggio < uint32_t(colonne) ? int(InMessaggio) : colonne;
+  const int margine = (colonne - lunghezza) / 2;
+  gotoxy(0, riga);
+  StampaRipetuto(' ', margine);
+  if (lunghezza > 0) {
+    char prima = messaggio[0];
+    if (prima >= 'a' && prima <= 'z') prima = char(prima - 'a' + 'A');
+    piattaforma::Scrivi(&prima, 1);
+    piattaforma::Scrivi(messaggio + 1, size_t(lunghezza - 1));
+  }
+  StampaRipetuto(' ', colonne - margine - lunghezza);
+}
