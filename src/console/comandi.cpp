@@ -59,47 +59,34 @@ static void SegnalaTempoInMoto() {
   piattaforma::Suona(1500, 4);
 }
 
-void comando_FrecciaSu() {
-  if (fuoco >= FUOCO_BORDO_SUPERIORE) {
-    SuonaEstremoSuperiore();
+// One step of the focus towards the end `estremo`; that end's tone marks
+// arriving there, or pressing on when already there.
+static void SpostaFuoco(int passo, uint32_t estremo, void (*SuonaEstremo)()) {
+  const bool gia_in_fondo = passo > 0 ? fuoco >= estremo : fuoco <= estremo;
+  if (gia_in_fondo) {
+    SuonaEstremo();
     return;
   }
-  ++fuoco;
+  fuoco = uint32_t(int(fuoco) + passo);
   ImpostaFocus();
-  if (fuoco == FUOCO_BORDO_SUPERIORE)
-    SuonaEstremoSuperiore();
+  if (fuoco == estremo)
+    SuonaEstremo();
   else
     SegnalaTempoInMoto();
 }
 
-void comando_FrecciaGiu() {
-  if (fuoco == FUOCO_COMANDO) {
-    SuonaEstremoInferiore();
-    return;
-  }
-  --fuoco;
+// Straight to an end: its tone always, the move only when needed.
+static void SaltaAllEstremo(uint32_t estremo, void (*SuonaEstremo)()) {
+  SuonaEstremo();
+  if (fuoco == estremo) return;
+  fuoco = estremo;
   ImpostaFocus();
-  if (fuoco == FUOCO_COMANDO)
-    SuonaEstremoInferiore();
-  else
-    SegnalaTempoInMoto();
 }
 
-void comando_home() {
-  SuonaEstremoSuperiore();
-  if (fuoco < FUOCO_BORDO_SUPERIORE) {
-    fuoco = FUOCO_BORDO_SUPERIORE;
-    ImpostaFocus();
-  }
-}
-
-void comando_end() {
-  SuonaEstremoInferiore();
-  if (fuoco != FUOCO_COMANDO) {
-    fuoco = FUOCO_COMANDO;
-    ImpostaFocus();
-  }
-}
+void comando_FrecciaSu() { SpostaFuoco(+1, FUOCO_BORDO_SUPERIORE, SuonaEstremoSuperiore); }
+void comando_FrecciaGiu() { SpostaFuoco(-1, FUOCO_COMANDO, SuonaEstremoInferiore); }
+void comando_home() { SaltaAllEstremo(FUOCO_BORDO_SUPERIORE, SuonaEstremoSuperiore); }
+void comando_end() { SaltaAllEstremo(FUOCO_COMANDO, SuonaEstremoInferiore); }
 
 // ---------------------------------------------------------------------------
 // The command field.
