@@ -57,19 +57,30 @@ SEMPRE_IN_LINEA uint64_t ScaccoDiretto(uint64_t E, uint64_t d, uint64_t D, uint6
 }
 
 // A check uncovered by vacating the origin: the lowest slider of C that now
-// reaches E along the kind of line (straight or diagonal) through O, or 64.
-// The piece that arrived on D is left out, whatever line it stands on: it
-// gives its own direct check and must never be counted twice.
-template <Colore C>
+// reaches E along a line through O, or 64. A slider that moved cannot uncover
+// a check along its own kind of line (it would have been giving it), so a
+// bishop looks only along straight lines, a rook only along diagonals, and a
+// queen nowhere. A promoted piece is left out: it gives its own direct check
+// and is never counted twice.
+template <Colore C, int Arrivo, bool Promozione>
 SEMPRE_IN_LINEA uint64_t ScaccoScoperto(uint64_t E, uint64_t O, uint64_t D, uint64_t occ) {
-  if (!(MascheraMobilita_donna_in[E] & O)) return NESSUNA_CASA;
-  uint64_t da;
-  if (MascheraMobilita_torre_in[E] & O)
-    da = AttacchiTorre(E, occ) & (btm_pezzi[C][TORRE] | btm_pezzi[C][DONNA]);
-  else
-    da = AttacchiAlfiere(E, occ) & (btm_pezzi[C][ALFIERE] | btm_pezzi[C][DONNA]);
-  da &= ~D;
-  return da ? PrimaCasa(da) : NESSUNA_CASA;
+  if constexpr (Arrivo == DONNA && !Promozione) {
+    return NESSUNA_CASA;
+  } else {
+    constexpr bool Dritte = Promozione || Arrivo != TORRE;
+    constexpr bool Diagonali = Promozione || Arrivo != ALFIERE;
+    const uint64_t* const maschera = !Dritte      ? MascheraMobilita_alfiere_in
+                                     : !Diagonali ? MascheraMobilita_torre_in
+                                                  : MascheraMobilita_donna_in;
+    if (!(maschera[E] & O)) return NESSUNA_CASA;
+    uint64_t da;
+    if (Dritte && (!Diagonali || (MascheraMobilita_torre_in[E] & O)))
+      da = AttacchiTorre(E, occ) & (btm_pezzi[C][TORRE] | btm_pezzi[C][DONNA]);
+    else
+      da = AttacchiAlfiere(E, occ) & (btm_pezzi[C][ALFIERE] | btm_pezzi[C][DONNA]);
+    if constexpr (Promozione) da &= ~D;
+    return da ? PrimaCasa(da) : NESSUNA_CASA;
+  }
 }
 
 // Castling rights of side S taken away by a move from or onto square s.
@@ -191,7 +202,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
 
   const uint64_t E = casa_re[N];
   info |= ScaccoDiretto<C, Arrivo>(E, d, D, occ) << SHIFT_PRIMO_SCACCO;
-  info |= ScaccoScoperto<C>(E, O, D, occ) << SHIFT_SECONDO_SCACCO;
+  info |= ScaccoScoperto<C, Arrivo, Promozione>(E, O, D, occ) << SHIFT_SECONDO_SCACCO;
   if constexpr (M == PEDONE || X == PEDONE) HashPedoni ^= chiave_pedoni;
   return Registra(mossa, info, chiave);
 }
@@ -224,21 +235,19 @@ SEMPRE_IN_LINEA int FaiEnpassant(uint64_t mossa) {
       chiave_pedoni ^ HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
   info &= ~AZZERA_CON_SEMIMOSSE;
 
-  // Two pawns leave their squares, so a check can come from the capturing
-  // pawn, along any line through o or through p: every checker is counted
-  // once, the pawn's own check in the first field.
+  // The capturing pawn checks directly; otherwise the captured pawn may have
+  // blocked a diagonal of the enemy king (its rank and file are covered by
+  // the origin and by the arrival). The origin's lines give the second field.
   const uint64_t E = casa_re[N];
-  uint64_t linee = (AttacchiAlfiere(E, occ) & (btm_pezzi[C][ALFIERE] | btm_pezzi[C][DONNA])) |
-                   (AttacchiTorre(E, occ) & (btm_pezzi[C][TORRE] | btm_pezzi[C][DONNA]));
   uint64_t primo = NESSUNA_CASA;
   if (MscBersagliPedone_da[N][E] & D) {
     primo = d;
-  } else if (linee) {
-    primo = PrimaCasa(linee);
-    linee &= linee - 1;
+  } else if (MascheraMobilita_alfiere_in[E] & Pp) {
+    const uint64_t da = AttacchiAlfiere(E, occ) & (btm_pezzi[C][ALFIERE] | btm_pezzi[C][DONNA]);
+    if (da) primo = PrimaCasa(da);
   }
-  const uint64_t secondo = linee ? PrimaCasa(linee) : NESSUNA_CASA;
-  info |= (primo << SHIFT_PRIMO_SCACCO) | (secondo << SHIFT_SECONDO_SCACCO);
+  info |= primo << SHIFT_PRIMO_SCACCO;
+  info |= ScaccoScoperto<C, PEDONE, false>(E, O, D, occ) << SHIFT_SECONDO_SCACCO;
   return Registra(mossa, info, chiave);
 }
 

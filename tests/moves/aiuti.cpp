@@ -1,0 +1,196 @@
+#include "aiuti.h"
+
+#include <algorithm>
+
+#include "board/fen.h"
+#include "board/geometria.h"
+#include "diagnostics/perft.h"
+#include "moves/mosse.h"
+
+namespace {
+
+void InizializzaUnaVolta() {
+  static const bool fatto = [] {
+    InizializzaInfoTraiettorie();
+    InizializzaDbMobilita();
+    return true;
+  }();
+  (void)fatto;
+}
+
+bool ToccaAlNero() { return ContatoreMosse & 1; }
+
+}  // namespace
+
+bool Carica(const char* fen) {
+  InizializzaUnaVolta();
+  SvuotaScacchiera();
+  return CaricaPosizioneDaStringaFen(fen) == 1;
+}
+
+std::vector<uint64_t> GeneraCon(Generatore genera) {
+  uint64_t buffer[DIMENSIONE_BUFFER_MOSSE];
+  uint64_t* fine = genera(buffer);
+  return std::vector<uint64_t>(buffer, fine);
+}
+
+std::vector<uint64_t> Candidate() { return GeneraCon(genera_mosse_del[ContatoreMosse & 1]); }
+
+int Fai(uint64_t mossa) {
+  SalvaParolePosizione();
+  return (ToccaAlNero() ? fai_mossa_del_nero : fai_mossa_del_bianco)[TipoMossa(mossa)](mossa);
+}
+
+void Ritira() {
+  const uint64_t mossa = ElencoMosse[ContatoreMosse];
+  // An odd counter means the last move was White's.
+  (ToccaAlNero() ? ritira_mossa_del_bianco : ritira_mossa_del_nero)[TipoMossa(mossa)](mossa);
+}
+
+std::string Coordinate(uint64_t mossa) {
+  char testo[8];
+  ScriviMossaCoordinate(mossa, testo);
+  return testo;
+}
+
+uint64_t Trova(const std::string& coordinate) {
+  for (uint64_t m : Candidate())
+    if (Coordinate(m) == coordinate) return m;
+  return 0;
+}
+
+bool Gioca(const std::string& coordinate) {
+  const uint64_t m = Trova(coordinate);
+  return m != 0 && Fai(m) == 1;
+}
+
+std::vector<uint64_t> Legali() {
+  std::vector<uint64_t> legali;
+  for (uint64_t m : Candidate()) {
+    if (Fai(m)) {
+      legali.push_back(m);
+      Ritira();
+    }
+  }
+  return legali;
+}
+
+Istantanea Fotografa() {
+  Istantanea f{};
+  for (int c = 0; c < 2; ++c) {
+    for (int k = 0; k < 5; ++k) {
+      f.pezzi[c][k] = btm_pezzi[c][k];
+      const uint64_t* lista = k == PEDONE    ? casa_pedone[c]
+                              : k == CAVALLO ? casa_cavallo[c]
+                              : k == ALFIERE ? casa_alfiere[c]
+                              : k == TORRE   ? casa_torre[c]
+                                             : casa_donna[c];
+      const uint64_t n = NumeroPezzi(materiale[c], k);
+      f.liste[c][k].assign(lista, lista + std::min<uint64_t>(n, CapienzaLista[k]));
+      std::sort(f.liste[c][k].begin(), f.liste[c][k].end());
+    }
+    f.colore[c] = btm_colore[c];
+    f.re[c] = casa_re[c];
+    f.materiale[c] = materiale[c];
+  }
+  f.occupazione = btm_occupazione;
+  for (int s = 0; s < 65; ++s)
+    f.codici[s] = PezzoIn[s] == CASA_VUOTA ? CASA_VUOTA : PezzoIn[s] & 0xF0;
+  f.info = InfoPosizione;
+  f.chiave = ChiaveHash;
+  f.pedoni = HashPedoni;
+  f.contatore = ContatoreMosse;
+  return f;
+}
+
+uint64_t ChiaveDaZero() {
+  uint64_t chiave = 0;
+  for (int s = 0; s < 64; ++s)
+    if (PezzoIn[s] != CASA_VUOTA) chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PezzoIn[s] >> 5][s];
+  if (InfoPosizione & ARROCCO_CORTO_BIANCO) chiave ^= HASH_ARROCCO_CORTO_BIANCO;
+  if (InfoPosizione & ARROCCO_LUNGO_BIANCO) chiave ^= HASH_ARROCCO_LUNGO_BIANCO;
+  if (InfoPosizione & ARROCCO_CORTO_NERO) chiave ^= HASH_ARROCCO_CORTO_NERO;
+  if (InfoPosizione & ARROCCO_LUNGO_NERO) chiave ^= HASH_ARROCCO_LUNGO_NERO;
+  if (InfoPosizione & PERMESSO_ENPASSANT)
+    chiave ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+  return chiave;
+}
+
+uint64_t HashPedoniDaZero() {
+  uint64_t chiave = 0;
+  for (int s = 0; s < 64; ++s)
+    if (PezzoIn[s] != CASA_VUOTA && (PezzoIn[s] >> 5) == PEDONE)
+      chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PEDONE][s];
+  return chiave;
+}
+
+uint64_t ScacchiDaZero() {
+  const int c = ContatoreMosse & 1, n = c ^ 1;
+  const uint64_t re = casa_re[c];
+  const uint64_t occ = btm_occupazione;
+  return (btm_pezzi[n][PEDONE] & MscBersagliPedone_da[c][re]) |
+         (btm_pezzi[n][CAVALLO] & MascheraMobilita_cavallo_in[re]) |
+         ((btm_pezzi[n][ALFIERE] | btm_pezzi[n][DONNA]) & AttacchiAlfiere(re, occ)) |
+         ((btm_pezzi[n][TORRE] | btm_pezzi[n][DONNA]) & AttacchiTorre(re, occ));
+}
+
+std::string ControllaScacchi() {
+  const uint64_t primo = PrimoScacco(InfoPosizione), secondo = SecondoScacco(InfoPosizione);
+  uint64_t campi = 0;
+  if (primo != NESSUNA_CASA) campi |= 1ull << primo;
+  if (secondo != NESSUNA_CASA) campi |= 1ull << secondo;
+  const uint64_t veri = ScacchiDaZero();
+  if (primo != NESSUNA_CASA && primo == secondo)
+    return "the same checker in both fields: " + std::to_string(primo);
+  if ((primo != NESSUNA_CASA && primo > 63) || (secondo != NESSUNA_CASA && secondo > 63))
+    return "a checker field out of range";
+  if (campi != veri)
+    return "fields " + std::to_string(primo) + "," + std::to_string(secondo) + " but checkers " +
+           std::to_string(veri);
+  return "";
+}
+
+std::string ControllaCoerenza() {
+  std::string errori;
+  uint64_t viste[2] = {0, 0};
+  for (int c = 0; c < 2; ++c) {
+    for (int k = 0; k < 5; ++k) {
+      const uint64_t* lista = k == PEDONE    ? casa_pedone[c]
+                              : k == CAVALLO ? casa_cavallo[c]
+                              : k == ALFIERE ? casa_alfiere[c]
+                              : k == TORRE   ? casa_torre[c]
+                                             : casa_donna[c];
+      const uint64_t n = NumeroPezzi(materiale[c], k);
+      if (n > uint64_t(CapienzaLista[k])) {
+        errori += "count over capacity; ";
+        continue;
+      }
+      uint64_t insieme = 0;
+      for (uint64_t i = 0; i < n; ++i) {
+        const uint64_t s = lista[i];
+        if (s > 63 || PezzoIn[s] != ((uint64_t(k) << 5) | (uint64_t(c) << 4) | i))
+          errori += "slot " + std::to_string(i) + " of kind " + std::to_string(k) + "; ";
+        else
+          insieme |= 1ull << s;
+      }
+      if (insieme != btm_pezzi[c][k]) errori += "bitboard of kind " + std::to_string(k) + "; ";
+      viste[c] |= insieme;
+    }
+    if (PezzoIn[casa_re[c]] != (0xA0u | (uint64_t(c) << 4))) errori += "king code; ";
+    viste[c] |= 1ull << casa_re[c];
+    if (viste[c] != btm_colore[c]) errori += "colour bitboard; ";
+  }
+  if ((viste[0] | viste[1]) != btm_occupazione) errori += "occupancy; ";
+  for (int s = 0; s < 64; ++s)
+    if (PezzoIn[s] != CASA_VUOTA && !(btm_occupazione >> s & 1)) errori += "stray code; ";
+  if (PezzoIn[64] != CASA_VUOTA) errori += "sentinel; ";
+  const uint64_t m = materiale[0], n = materiale[1];
+  for (uint64_t w : {m, n}) {
+    const uint64_t minori = NumeroPezzi(w, CAVALLO) + NumeroPezzi(w, ALFIERE);
+    const uint64_t pesanti = NumeroPezzi(w, TORRE) + 2 * NumeroPezzi(w, DONNA);
+    const uint64_t punti = 3 * minori + 5 * NumeroPezzi(w, TORRE) + 9 * NumeroPezzi(w, DONNA);
+    if (((w >> 40) & 0xFF) != minori || ((w >> 48) & 0xFF) != pesanti || (w >> 56) != punti)
+      errori += "material bytes; ";
+  }
+  return errori;
+}
