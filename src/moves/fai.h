@@ -9,8 +9,6 @@
 
 #include "moves/tipi_mossa.h"
 
-#define PENDRINO_DICHIARA_FAI(tipo, prima, dopo) \
-  int fai_##prima##bianco##dopo(uint64_t mossa); \
-  int fai_##prima##nero##dopo(uint64_t mossa);
+#define PENDRINO_DICHIARA_FAI(tipo, prima, dopo) PENDRINO_DICHIARA_COPPIA(int, fai_, prima, dopo)
 PENDRINO_TIPI_MOSSA(PENDRINO_DICHIARA_FAI)
 #undef PENDRINO_DICHIARA_FAI

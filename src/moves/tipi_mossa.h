@@ -44,3 +44,8 @@
   PENDRINO_PROMOZIONI_A(X, 46, alfiere) \
   PENDRINO_PROMOZIONI_A(X, 51, torre)   \
   PENDRINO_PROMOZIONI_A(X, 56, donna)
+
+// Declares one type's function of both colours: prefisso is fai_ or ritira_.
+#define PENDRINO_DICHIARA_COPPIA(ritorno, prefisso, prima, dopo) \
+  ritorno prefisso##prima##bianco##dopo(uint64_t mossa);         \
+  ritorno prefisso##prima##nero##dopo(uint64_t mossa);

@@ -20,6 +20,21 @@ void InizializzaUnaVolta() {
 
 bool ToccaAlNero() { return ContatoreMosse & 1; }
 
+const uint64_t* Lista(int c, int k) {
+  switch (k) {
+    case PEDONE:
+      return casa_pedone[c];
+    case CAVALLO:
+      return casa_cavallo[c];
+    case ALFIERE:
+      return casa_alfiere[c];
+    case TORRE:
+      return casa_torre[c];
+    default:
+      return casa_donna[c];
+  }
+}
+
 }  // namespace
 
 bool Carica(const char* fen) {
@@ -80,11 +95,7 @@ Istantanea Fotografa() {
   for (int c = 0; c < 2; ++c) {
     for (int k = 0; k < 5; ++k) {
       f.pezzi[c][k] = btm_pezzi[c][k];
-      const uint64_t* lista = k == PEDONE    ? casa_pedone[c]
-                              : k == CAVALLO ? casa_cavallo[c]
-                              : k == ALFIERE ? casa_alfiere[c]
-                              : k == TORRE   ? casa_torre[c]
-                                             : casa_donna[c];
+      const uint64_t* lista = Lista(c, k);
       const uint64_t n = NumeroPezzi(materiale[c], k);
       f.liste[c][k].assign(lista, lista + std::min<uint64_t>(n, CapienzaLista[k]));
       std::sort(f.liste[c][k].begin(), f.liste[c][k].end());
@@ -155,11 +166,7 @@ std::string ControllaCoerenza() {
   uint64_t viste[2] = {0, 0};
   for (int c = 0; c < 2; ++c) {
     for (int k = 0; k < 5; ++k) {
-      const uint64_t* lista = k == PEDONE    ? casa_pedone[c]
-                              : k == CAVALLO ? casa_cavallo[c]
-                              : k == ALFIERE ? casa_alfiere[c]
-                              : k == TORRE   ? casa_torre[c]
-                                             : casa_donna[c];
+      const uint64_t* lista = Lista(c, k);
       const uint64_t n = NumeroPezzi(materiale[c], k);
       if (n > uint64_t(CapienzaLista[k])) {
         errori += "count over capacity; ";

@@ -55,6 +55,14 @@ void FaiEControlla(const std::string& coordinate) {
   EXPECT_EQ(HashPedoni, HashPedoniDaZero());
 }
 
+// Loads the position, makes the move and compares both checker fields.
+void CampiDopo(const char* fen, const std::string& coordinate, uint64_t primo, uint64_t secondo) {
+  ASSERT_TRUE(Carica(fen)) << fen;
+  FaiEControlla(coordinate);
+  EXPECT_EQ(PrimoScacco(InfoPosizione), primo) << fen << " " << coordinate;
+  EXPECT_EQ(SecondoScacco(InfoPosizione), secondo) << fen << " " << coordinate;
+}
+
 void Rifiutata(const char* fen, const std::string& coordinate) {
   ASSERT_TRUE(Carica(fen)) << fen;
   const uint64_t m = Trova(coordinate);
@@ -197,23 +205,14 @@ TEST(FaiMossa, ArroccoLungoLasciaLeChiaviDeiDiritti) {
 }
 
 TEST(FaiMossa, ScaccoDellaTorreDopoArroccoNelSecondoCampo) {
-  ASSERT_TRUE(Carica("5k2/8/8/8/8/8/8/4K2R w K - 0 1"));
-  FaiEControlla("e1g1");
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("f1"));
-  EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("5k2/8/8/8/8/8/8/4K2R w K - 0 1", "e1g1", NESSUNA_CASA, Casa("f1"));
   // Black answers it as a single check: only king moves here.
   for (uint64_t m : Candidate()) EXPECT_EQ(OrigineMossa(m), Casa("f8")) << Coordinate(m);
   EXPECT_FALSE(Legali().empty());
 
-  ASSERT_TRUE(Carica("3k4/8/8/8/8/8/8/R3K3 w Q - 0 1"));
-  FaiEControlla("e1c1");
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("d1"));
-  EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("3k4/8/8/8/8/8/8/R3K3 w Q - 0 1", "e1c1", NESSUNA_CASA, Casa("d1"));
 
-  ASSERT_TRUE(Carica("4k2r/8/8/8/8/8/8/5K2 b k - 0 1"));
-  FaiEControlla("e8g8");
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("f8"));
-  EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("4k2r/8/8/8/8/8/8/5K2 b k - 0 1", "e8g8", NESSUNA_CASA, Casa("f8"));
   // With a piece between, no check.
   ASSERT_TRUE(Carica("5k2/5p2/8/8/8/8/8/4K2R w K - 0 1"));
   FaiEControlla("e1g1");
@@ -269,19 +268,13 @@ TEST(FaiMossa, ArroccoSenzaTorreORiFuoriCasaRifiutato) {
 }
 
 TEST(FaiMossa, PromozioneSullaLineaDellOrigineUnSoloScacco) {
-  ASSERT_TRUE(Carica("8/1P6/8/r7/8/8/1k6/4K3 w - - 0 1"));
-  FaiEControlla("b7b8q");
-  EXPECT_EQ(PrimoScacco(InfoPosizione), Casa("b8"));
-  EXPECT_EQ(SecondoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("8/1P6/8/r7/8/8/1k6/4K3 w - - 0 1", "b7b8q", Casa("b8"), NESSUNA_CASA);
   const std::vector<uint64_t> legali = Legali();
   std::vector<std::string> scritte;
   for (uint64_t m : legali) scritte.push_back(Coordinate(m));
   EXPECT_NE(std::find(scritte.begin(), scritte.end(), "a5b5"), scritte.end());
   // The rook promotion on the file checks the same way; the knight does not.
-  ASSERT_TRUE(Carica("8/1P6/8/r7/8/8/1k6/4K3 w - - 0 1"));
-  FaiEControlla("b7b8r");
-  EXPECT_EQ(PrimoScacco(InfoPosizione), Casa("b8"));
-  EXPECT_EQ(SecondoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("8/1P6/8/r7/8/8/1k6/4K3 w - - 0 1", "b7b8r", Casa("b8"), NESSUNA_CASA);
   ASSERT_TRUE(Carica("8/1P6/8/r7/8/8/1k6/4K3 w - - 0 1"));
   FaiEControlla("b7b8n");
   EXPECT_GE(InfoPosizione, NESSUNO_SCACCO);
@@ -290,15 +283,9 @@ TEST(FaiMossa, PromozioneSullaLineaDellOrigineUnSoloScacco) {
 TEST(FaiMossa, PromozioneConScaccoScopertoVeroDoppio) {
   // The pawn g7 shields h7 from the rook a7: g7-g8=Q checks from g8 and
   // uncovers the rook, a real double check; g7-g8=N only uncovers it.
-  ASSERT_TRUE(Carica("8/R5Pk/8/8/8/8/8/K7 w - - 0 1"));
-  FaiEControlla("g7g8q");
-  EXPECT_EQ(PrimoScacco(InfoPosizione), Casa("g8"));
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("a7"));
+  CampiDopo("8/R5Pk/8/8/8/8/8/K7 w - - 0 1", "g7g8q", Casa("g8"), Casa("a7"));
   for (uint64_t m : Candidate()) EXPECT_EQ(OrigineMossa(m), Casa("h7")) << Coordinate(m);
-  ASSERT_TRUE(Carica("8/R5Pk/8/8/8/8/8/K7 w - - 0 1"));
-  FaiEControlla("g7g8n");
-  EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("a7"));
+  CampiDopo("8/R5Pk/8/8/8/8/8/K7 w - - 0 1", "g7g8n", NESSUNA_CASA, Casa("a7"));
 }
 
 TEST(FaiMossa, ContatoreSemimosseSiFermaA127) {
@@ -325,10 +312,7 @@ TEST(FaiMossa, EnPassantCheScopreScacchi) {
   EXPECT_EQ(PrimoScacco(InfoPosizione), Casa("g2"));
   EXPECT_EQ(SecondoScacco(InfoPosizione), NESSUNA_CASA);
   // Both pawns leave rank 5: the rook h5 checks a5.
-  ASSERT_TRUE(Carica("8/8/8/k2pP2R/8/8/8/4K3 w - d6 0 1"));
-  FaiEControlla("e5d6");
-  EXPECT_EQ(SecondoScacco(InfoPosizione), Casa("h5"));
-  EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
+  CampiDopo("8/8/8/k2pP2R/8/8/8/4K3 w - d6 0 1", "e5d6", NESSUNA_CASA, Casa("h5"));
   // The capturing pawn checks directly.
   ASSERT_TRUE(Carica("8/2k5/8/3pP3/8/8/8/4K3 w - d6 0 1"));
   FaiEControlla("e5d6");
