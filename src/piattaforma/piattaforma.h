@@ -43,6 +43,19 @@ void AttendiEventi(int64_t millisecondi);
 // Modal box titled `titolo` owned by the console; returns IDOK, IDYES, IDNO
 // or IDCANCEL.
 int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile);
+// The answer of a box that nobody can answer (no terminal, a test with no
+// answer scripted): IDOK, IDNO for Yes/No, IDCANCEL where the box has Cancel.
+constexpr int RispostaPredefinita(unsigned stile) {
+  switch (stile & 0xF) {
+    case MB_YESNO:
+      return IDNO;
+    case MB_YESNOCANCEL:
+    case MB_OKCANCEL:
+      return IDCANCEL;
+    default:
+      return IDOK;
+  }
+}
 
 // A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
 // frequencies above hearing are pauses of the same length.

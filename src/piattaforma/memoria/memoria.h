@@ -14,12 +14,21 @@ namespace memoria {
 // Everything back to a blank screen, empty queues, clock at 0.
 void Azzera();
 
-char Cella(int x, int y);
-std::string Riga(int y);  // the 80 characters of line y
+// The screen follows the console: '\b' one column left (not past the
+// margin), '\r' to the margin, '\n' to the margin of the next line, '\t' to
+// the next multiple of 8, other control characters ignored; writing past the
+// last column continues on the next line and past the last line scrolls the
+// screen up. Bytes that are not UTF-8 count as Latin-1 characters; every
+// character takes one cell. A cursor position off the screen is refused.
+char Cella(int x, int y);  // Latin-1, '?' beyond it, 0 off the screen
+std::string Riga(int y);   // the 80 characters of line y (UTF-8)
 int CursoreX();
 int CursoreY();
 std::string Titolo();
 bool ConsoleAperta();
+bool FinestraDimensionata();
+// Every byte handed to Scrivi since the last Azzera, in order.
+const std::string& Scritto();
 
 // Key records, delivered in order. `giu` false makes a key-up record.
 void AccodaTasto(WORD codice_virtuale, DWORD stato_controllo = 0, char carattere = 0,
@@ -28,7 +37,8 @@ void AccodaEvento(const INPUT_RECORD& evento);
 size_t TastiInCoda();
 
 // Answers for the next message boxes, in order; with none scripted a box
-// answers IDOK, IDNO for Yes/No boxes and IDCANCEL for Yes/No/Cancel ones.
+// answers IDOK, IDNO for Yes/No boxes and IDCANCEL for Yes/No/Cancel ones
+// (piattaforma::RispostaPredefinita).
 void AccodaRisposta(int risposta);
 struct Finestra {
   std::string testo, titolo;
@@ -37,6 +47,7 @@ struct Finestra {
 };
 const std::vector<Finestra>& Finestre();
 
+// Tones are recorded; they do not move the clock.
 struct Tono {
   uint32_t frequenza, durata;
 };
@@ -46,9 +57,12 @@ void ImpostaMillisecondi(uint64_t ms);
 void AvanzaMillisecondi(uint64_t ms);
 void ImpostaOraUTC(piattaforma::DataOraUTC ora);
 // Time-outs asked of AttendiEventi, in order; a wait with no key queued
-// advances the clock by its time-out.
+// advances the clock by its time-out (a negative one, with no key queued,
+// simply returns).
 const std::vector<int64_t>& Attese();
 
+// Command lines run by EseguiComandoVisualizzatore; ComponiComandoVisualizzatore
+// composes "start <file>".
 const std::vector<std::string>& ComandiVisualizzatore();
 
 // Thrown by TerminaProcesso so that a test can see the program end.

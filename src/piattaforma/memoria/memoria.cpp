@@ -1,0 +1,181 @@
+// The platform in memory, for tests: nothing here touches a terminal.
+#include "piattaforma/memoria/memoria.h"
+
+#include <cstdio>
+#include <cstring>
+#include <deque>
+
+#include "piattaforma/testo.h"
+
+namespace memoria {
+
+namespace {
+
+using piattaforma::COLONNE_SCHERMO;
+using piattaforma::RIGHE_SCHERMO;
+
+struct Griglia {
+  uint32_t cella[RIGHE_SCHERMO][COLONNE_SCHERMO];
+  void Metti(int x, int y, uint32_t c) { cella[y][x] = c; }
+  void Scorri() {
+    std::memmove(cella[0], cella[1], sizeof cella - sizeof cella[0]);
+    for (auto& c : cella[RIGHE_SCHERMO - 1]) c = ' ';
+  }
+  void Svuota() {
+    for (auto& riga : cella)
+      for (auto& c : riga) c = ' ';
+  }
+};
+
+struct Stato {
+  Griglia griglia;
+  int x = 0, y = 0;
+  std::string titolo, scritto;
+  bool aperta = false, dimensionata = false;
+  std::deque<INPUT_RECORD> eventi;
+  std::deque<int> risposte;
+  std::vector<Finestra> finestre;
+  std::vector<Tono> toni;
+  std::vector<int64_t> attese;
+  std::vector<std::string> comandi;
+  uint64_t millisecondi = 0;
+  piattaforma::DataOraUTC ora{2000, 1, 1, 0, 0, 0};
+};
+
+Stato& S() {
+  static Stato stato = [] {
+    Stato s;
+    s.griglia.Svuota();
+    return s;
+  }();
+  return stato;
+}
+
+bool SulloSchermo(int x, int y) {
+  return x >= 0 && x < COLONNE_SCHERMO && y >= 0 && y < RIGHE_SCHERMO;
+}
+
+}  // namespace
+
+void Azzera() {
+  S() = Stato{};
+  S().griglia.Svuota();
+}
+
+char Cella(int x, int y) {
+  if (!SulloSchermo(x, y)) return 0;
+  const uint32_t c = S().griglia.cella[y][x];
+  return c < 0x100 ? static_cast<char>(c) : '?';
+}
+
+std::string Riga(int y) {
+  std::string riga;
+  if (y < 0 || y >= RIGHE_SCHERMO) return riga;
+  char utf8[4];
+  for (uint32_t c : S().griglia.cella[y]) riga.append(utf8, piattaforma::CodificaUtf8(c, utf8));
+  return riga;
+}
+
+int CursoreX() { return S().x; }
+int CursoreY() { return S().y; }
+std::string Titolo() { return S().titolo; }
+bool ConsoleAperta() { return S().aperta; }
+bool FinestraDimensionata() { return S().dimensionata; }
+const std::string& Scritto() { return S().scritto; }
+
+void AccodaTasto(WORD codice_virtuale, DWORD stato_controllo, char carattere, bool giu,
+                 WORD ripetizioni) {
+  INPUT_RECORD evento{};
+  evento.EventType = KEY_EVENT;
+  evento.Event.KeyEvent.bKeyDown = giu ? 1 : 0;
+  evento.Event.KeyEvent.wRepeatCount = ripetizioni;
+  evento.Event.KeyEvent.wVirtualKeyCode = codice_virtuale;
+  evento.Event.KeyEvent.uChar.UnicodeChar = 0;
+  evento.Event.KeyEvent.uChar.AsciiChar = carattere;
+  evento.Event.KeyEvent.dwControlKeyState = stato_controllo;
+  S().eventi.push_back(evento);
+}
+
+void AccodaEvento(const INPUT_RECORD& evento) { S().eventi.push_back(evento); }
+size_t TastiInCoda() { return S().eventi.size(); }
+
+void AccodaRisposta(int risposta) { S().risposte.push_back(risposta); }
+const std::vector<Finestra>& Finestre() { return S().finestre; }
+const std::vector<Tono>& Toni() { return S().toni; }
+
+void ImpostaMillisecondi(uint64_t ms) { S().millisecondi = ms; }
+void AvanzaMillisecondi(uint64_t ms) { S().millisecondi += ms; }
+void ImpostaOraUTC(piattaforma::DataOraUTC ora) { S().ora = ora; }
+const std::vector<int64_t>& Attese() { return S().attese; }
+const std::vector<std::string>& ComandiVisualizzatore() { return S().comandi; }
+
+}  // namespace memoria
+
+namespace piattaforma {
+
+using memoria::S;
+
+void ApriConsole() { S().aperta = true; }
+void ChiudiConsole() { S().aperta = false; }
+void ImpostaTitolo(const char* titolo) { S().titolo = titolo ? titolo : ""; }
+void DimensionaFinestra() { S().dimensionata = true; }
+
+void PosizionaCursore(int x, int y) {
+  if (!memoria::SulloSchermo(x, y)) return;
+  S().x = x;
+  S().y = y;
+}
+
+void Scrivi(const char* testo, size_t lunghezza) {
+  if (testo == nullptr) return;
+  S().scritto.append(testo, lunghezza);
+  ScriviSuSchermo(S().griglia, S().x, S().y, testo, lunghezza);
+}
+
+uint32_t EventiInAttesa() { return static_cast<uint32_t>(S().eventi.size()); }
+
+uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
+  uint32_t letti = 0;
+  while (letti < massimo && !S().eventi.empty()) {
+    eventi[letti++] = S().eventi.front();
+    S().eventi.pop_front();
+  }
+  return letti;
+}
+
+void AttendiEventi(int64_t millisecondi) {
+  S().attese.push_back(millisecondi);
+  if (S().eventi.empty() && millisecondi > 0)
+    S().millisecondi += static_cast<uint64_t>(millisecondi);
+}
+
+int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
+  int risposta = RispostaPredefinita(stile);
+  if (!S().risposte.empty()) {
+    risposta = S().risposte.front();
+    S().risposte.pop_front();
+  }
+  S().finestre.push_back({testo ? testo : "", titolo ? titolo : "", stile, risposta});
+  return risposta;
+}
+
+void Suona(uint32_t frequenza, uint32_t durata) { S().toni.push_back({frequenza, durata}); }
+
+uint64_t Millisecondi() { return S().millisecondi; }
+DataOraUTC OraUTC() { return S().ora; }
+
+void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file) {
+  if (destinazione == nullptr || dimensione == 0) return;
+  const int scritti = std::snprintf(destinazione, dimensione, "start %s", file ? file : "");
+  // A command cut short would open something else: none at all instead.
+  if (scritti < 0 || static_cast<size_t>(scritti) >= dimensione) destinazione[0] = 0;
+}
+
+void EseguiComandoVisualizzatore(const char* comando) {
+  if (comando == nullptr || comando[0] == 0) return;
+  S().comandi.emplace_back(comando);
+}
+
+void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
+
+}  // namespace piattaforma

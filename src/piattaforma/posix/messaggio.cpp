@@ -1,0 +1,118 @@
+// The modal message box of the terminal, drawn over the screen.
+#ifndef NCURSES_WIDECHAR
+#define NCURSES_WIDECHAR 1
+#endif
+#include <curses.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "piattaforma/piattaforma.h"
+#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/posix/terminale.h"
+#include "piattaforma/testo.h"
+
+namespace piattaforma::terminale {
+
+namespace {
+
+// Writes up to `massimo` characters of testo[0, lunghezza) from (x, y) on;
+// returns the column after the last one.
+int ScriviTesto(WINDOW* finestra, int x, int y, const char* testo, size_t lunghezza, int massimo,
+                unsigned aspetto) {
+  size_t i = 0, passo = 0;
+  for (int n = 0; i < lunghezza && n < massimo; ++n, ++x) {
+    MettiCarattere(finestra, x, y, ProssimoCarattere(testo + i, lunghezza - i, passo), aspetto);
+    i += passo;
+  }
+  return x;
+}
+
+// The box is a block in reverse video without line-drawing characters, which
+// screen readers would read out; the first button, the one Enter chooses,
+// stands out in normal video.
+void DisegnaRiquadro(WINDOW* finestra, const Impaginazione& imp, const char* testo,
+                     const char* titolo) {
+  for (int y = 0; y < imp.altezza; ++y)
+    for (int x = 0; x < imp.larghezza; ++x) MettiCarattere(finestra, x, y, ' ', A_REVERSE);
+
+  const int spazio_titolo = imp.larghezza - 4;
+  const int caratteri_titolo = static_cast<int>(ContaCaratteri(titolo, std::strlen(titolo)));
+  const int mostrati = caratteri_titolo < spazio_titolo ? caratteri_titolo : spazio_titolo;
+  ScriviTesto(finestra, (imp.larghezza - mostrati) / 2, 0, titolo, std::strlen(titolo), mostrati,
+              A_REVERSE | A_BOLD);
+
+  for (int r = 0; r < imp.righe; ++r)
+    ScriviTesto(finestra, imp.colonna_testo, imp.riga_testo + r, testo + imp.riga[r].inizio,
+                imp.riga[r].lunghezza, imp.larghezza_testo, A_REVERSE);
+
+  for (int p = 0; p < imp.pulsanti; ++p) {
+    char pulsante[32];
+    std::snprintf(pulsante, sizeof pulsante, "[ %s ]", EtichettaPulsante(imp.risposta[p]));
+    const size_t lunghezza = std::strlen(pulsante);
+    ScriviTesto(finestra, imp.colonna_pulsante[p], imp.riga_pulsanti, pulsante, lunghezza,
+                static_cast<int>(lunghezza), p == 0 ? A_NORMAL : A_REVERSE);
+  }
+  // The cursor at the start of the text, where a screen reader starts reading.
+  wmove(finestra, imp.riga_testo, imp.colonna_testo);
+}
+
+}  // namespace
+
+}  // namespace piattaforma::terminale
+
+namespace piattaforma {
+
+using terminale::video;
+
+int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
+  if (testo == nullptr) testo = "";
+  if (titolo == nullptr) titolo = "";
+  if (!video.aperto || video.riquadro != nullptr) {
+    std::fprintf(stderr, "%s\n%s\n", titolo, testo);
+    return RispostaPredefinita(stile);
+  }
+  static terminale::Impaginazione imp;
+  terminale::ImpaginaRiquadro(testo, titolo, stile, imp);
+  WINDOW* finestra = newpad(imp.altezza, imp.larghezza);
+  if (finestra == nullptr) return RispostaPredefinita(stile);
+  terminale::DisegnaRiquadro(finestra, imp, testo, titolo);
+  video.riquadro = finestra;
+  video.riquadro_x = imp.x;
+  video.riquadro_y = imp.y;
+  video.riquadro_larghezza = imp.larghezza;
+  video.riquadro_altezza = imp.altezza;
+  video.da_aggiornare = true;
+  terminale::Aggiorna();
+
+  // Esc answers at once here: no sticky prefixes inside the box.
+  terminale::StatoDecodifica stato;
+  stato.prefissi_attivi = false;
+  int risposta = 0;
+  while (risposta == 0) {
+    if (terminale::AttendiTerminale(-1) == terminale::Attesa::Chiuso) {
+      risposta = RispostaPredefinita(stile);
+      break;
+    }
+    terminale::GestisciSegnali();
+    terminale::Aggiorna();
+    terminale::Esito esito;
+    INPUT_RECORD evento;
+    while (risposta == 0 && terminale::LeggiIngresso(stato, esito, evento)) {
+      // A box that cannot be seen is not answered.
+      if (esito == terminale::Esito::Evento && !video.troppo_piccolo)
+        risposta = terminale::RispostaDaTasto(stile, evento);
+      terminale::GestisciSegnali();
+      terminale::Aggiorna();
+    }
+  }
+
+  video.riquadro = nullptr;
+  delwin(finestra);
+  touchwin(video.schermo);
+  video.da_aggiornare = true;
+  terminale::Aggiorna();
+  return risposta;
+}
+
+}  // namespace piattaforma

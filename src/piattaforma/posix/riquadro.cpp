@@ -1,0 +1,206 @@
+#include "piattaforma/posix/riquadro.h"
+
+#include <cstdio>
+#include <cstring>
+#include <initializer_list>
+
+#include "piattaforma/testo.h"
+
+namespace piattaforma::terminale {
+
+namespace {
+
+int PulsantiDelloStile(unsigned stile, int risposta[MASSIMO_PULSANTI]) {
+  switch (stile & 0xF) {
+    case MB_OKCANCEL:
+      risposta[0] = IDOK, risposta[1] = IDCANCEL;
+      return 2;
+    case MB_YESNOCANCEL:
+      risposta[0] = IDYES, risposta[1] = IDNO, risposta[2] = IDCANCEL;
+      return 3;
+    case MB_YESNO:
+      risposta[0] = IDYES, risposta[1] = IDNO;
+      return 2;
+    default:
+      risposta[0] = IDOK;
+      return 1;
+  }
+}
+
+bool HaPulsante(const int risposta[], int pulsanti, int cercata) {
+  for (int i = 0; i < pulsanti; ++i)
+    if (risposta[i] == cercata) return true;
+  return false;
+}
+
+void AggiungiRiga(Impaginazione& imp, size_t inizio, size_t lunghezza) {
+  if (imp.righe == RIGHE_MASSIME_TESTO) {
+    imp.troncato = true;
+    return;
+  }
+  imp.riga[imp.righe++] = {static_cast<uint32_t>(inizio), static_cast<uint32_t>(lunghezza)};
+}
+
+// Lines of at most `larghezza` characters for the paragraph [inizio, fine).
+void SpezzaParagrafo(const char* testo, size_t inizio, size_t fine, int larghezza,
+                     Impaginazione& imp) {
+  size_t pos = inizio;
+  do {
+    size_t taglio = pos, passo = 0;
+    for (int n = 0; taglio < fine && n < larghezza; ++n) {
+      ProssimoCarattere(testo + taglio, fine - taglio, passo);
+      taglio += passo;
+    }
+    if (taglio >= fine) {
+      AggiungiRiga(imp, pos, fine - pos);
+      return;
+    }
+    // Break at the last space that keeps the line within its width; a word
+    // longer than a line is cut where the line ends.
+    size_t spazio = taglio;
+    while (spazio > pos && testo[spazio] != ' ') --spazio;
+    if (spazio > pos) {
+      AggiungiRiga(imp, pos, spazio - pos);
+      pos = spazio;
+    } else {
+      AggiungiRiga(imp, pos, taglio - pos);
+      pos = taglio;
+    }
+    while (pos < fine && testo[pos] == ' ') ++pos;
+  } while (pos < fine && !imp.troncato);
+}
+
+// The paragraphs of the text, one per call of `fai(inizio, fine)`; a CR
+// before a line break belongs to the break.
+template <typename Azione>
+void PerOgniParagrafo(const char* testo, Azione fai) {
+  const size_t lunghezza = std::strlen(testo);
+  size_t inizio = 0;
+  while (true) {
+    const char* a_capo =
+        static_cast<const char*>(std::memchr(testo + inizio, '\n', lunghezza - inizio));
+    size_t fine = a_capo ? static_cast<size_t>(a_capo - testo) : lunghezza;
+    const size_t successivo = fine + 1;
+    if (fine > inizio && testo[fine - 1] == '\r') --fine;
+    fai(inizio, fine);
+    if (!a_capo) return;
+    inizio = successivo;
+  }
+}
+
+}  // namespace
+
+const char* EtichettaPulsante(int risposta) {
+  switch (risposta) {
+    case IDYES:
+      return "S\xC3\xAC";
+    case IDNO:
+      return "No";
+    case IDCANCEL:
+      return "Annulla";
+    default:
+      return "OK";
+  }
+}
+
+int LarghezzaPulsante(int risposta) {
+  const char* etichetta = EtichettaPulsante(risposta);
+  return static_cast<int>(ContaCaratteri(etichetta, std::strlen(etichetta))) + 4;
+}
+
+void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp) {
+  imp = Impaginazione{};
+  if (testo == nullptr) testo = "";
+  if (titolo == nullptr) titolo = "";
+
+  imp.pulsanti = PulsantiDelloStile(stile, imp.risposta);
+  int larghezza_pulsanti = 3 * (imp.pulsanti - 1);
+  for (int i = 0; i < imp.pulsanti; ++i) larghezza_pulsanti += LarghezzaPulsante(imp.risposta[i]);
+
+  int larghezza = larghezza_pulsanti;
+  const int larghezza_titolo = static_cast<int>(ContaCaratteri(titolo, std::strlen(titolo))) + 2;
+  if (larghezza_titolo > larghezza) larghezza = larghezza_titolo;
+  PerOgniParagrafo(testo, [&](size_t inizio, size_t fine) {
+    const int caratteri = static_cast<int>(ContaCaratteri(testo + inizio, fine - inizio));
+    if (caratteri > larghezza) larghezza = caratteri;
+  });
+  if (larghezza > LARGHEZZA_MASSIMA_TESTO) larghezza = LARGHEZZA_MASSIMA_TESTO;
+  imp.larghezza_testo = larghezza;
+
+  PerOgniParagrafo(testo, [&](size_t inizio, size_t fine) {
+    if (!imp.troncato) SpezzaParagrafo(testo, inizio, fine, larghezza, imp);
+  });
+
+  imp.larghezza = larghezza + 2 * (MARGINE_RIQUADRO + 1);
+  imp.altezza = imp.righe + 5;
+  imp.x = (COLONNE_SCHERMO - imp.larghezza) / 2;
+  imp.y = (RIGHE_SCHERMO - imp.altezza) / 2;
+  imp.colonna_testo = MARGINE_RIQUADRO + 1;
+  imp.riga_testo = 2;
+  imp.riga_pulsanti = imp.righe + 3;
+  int colonna = (imp.larghezza - larghezza_pulsanti) / 2;
+  for (int i = 0; i < imp.pulsanti; ++i) {
+    imp.colonna_pulsante[i] = colonna;
+    colonna += LarghezzaPulsante(imp.risposta[i]) + 3;
+  }
+}
+
+int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento) {
+  if (evento.EventType != KEY_EVENT || !evento.Event.KeyEvent.bKeyDown) return 0;
+  const KEY_EVENT_RECORD& tasto = evento.Event.KeyEvent;
+  if (tasto.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) return 0;
+  int risposta[MASSIMO_PULSANTI] = {};
+  const int pulsanti = PulsantiDelloStile(stile, risposta);
+  int cercata = 0;
+  switch (tasto.wVirtualKeyCode) {
+    case VK_RETURN:
+      return risposta[0];
+    case 'S':
+    case 'Y':
+      cercata = IDYES;
+      break;
+    case 'N':
+      cercata = IDNO;
+      break;
+    case 'A':
+      cercata = IDCANCEL;
+      break;
+    case VK_ESCAPE:
+      cercata = pulsanti == 1 ? IDOK : IDCANCEL;
+      break;
+    default:
+      return 0;
+  }
+  return HaPulsante(risposta, pulsanti, cercata) ? cercata : 0;
+}
+
+void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione) {
+  if (uscita == nullptr || dimensione == 0) return;
+  char lungo[128];
+  std::snprintf(lungo, sizeof lungo,
+                "Finestra troppo piccola (%d x %d): servono almeno %d colonne e %d righe.", colonne,
+                righe, COLONNE_SCHERMO, RIGHE_SCHERMO);
+  char medio[64];
+  std::snprintf(medio, sizeof medio, "Servono almeno %d colonne e %d righe.", COLONNE_SCHERMO,
+                RIGHE_SCHERMO);
+  char corto[32];
+  std::snprintf(corto, sizeof corto, "Servono %dx%d caratteri.", COLONNE_SCHERMO, RIGHE_SCHERMO);
+  char minimo[16];
+  std::snprintf(minimo, sizeof minimo, "%dx%d", COLONNE_SCHERMO, RIGHE_SCHERMO);
+  const char* forme[] = {lungo, medio, corto, minimo};
+  const char* scelta = minimo;
+  for (const char* forma : forme) {
+    if (static_cast<int>(std::strlen(forma)) <= colonne) {
+      scelta = forma;
+      break;
+    }
+  }
+  size_t lunghezza = std::strlen(scelta);
+  if (colonne >= 0 && lunghezza > static_cast<size_t>(colonne))
+    lunghezza = static_cast<size_t>(colonne);
+  if (lunghezza >= dimensione) lunghezza = dimensione - 1;
+  std::memcpy(uscita, scelta, lunghezza);
+  uscita[lunghezza] = 0;
+}
+
+}  // namespace piattaforma::terminale

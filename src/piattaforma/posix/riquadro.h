@@ -1,0 +1,64 @@
+// The message box of the terminal: its layout on the 80 x 44 screen and the
+// keys that answer it. Pure functions; messaggio.cpp draws with them.
+//
+// The box is a block in reverse video, one cell of frame around the text:
+//
+//   row 0                  Attenzione!
+//   row 1
+//   row 2 ...        first line of the text
+//                    second line
+//   blank row
+//   buttons row         [ Sì ]   [ No ]
+//   last row (frame)
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "piattaforma/piattaforma.h"
+
+namespace piattaforma::terminale {
+
+constexpr int MARGINE_RIQUADRO = 2;  // blank columns between the frame and the text
+constexpr int LARGHEZZA_MASSIMA_TESTO = COLONNE_SCHERMO - 2 - 2 * (MARGINE_RIQUADRO + 1);  // 72
+constexpr int RIGHE_MASSIME_TESTO = RIGHE_SCHERMO - 5;                                     // 39
+constexpr int MASSIMO_PULSANTI = 3;
+
+struct RigaRiquadro {
+  uint32_t inizio, lunghezza;  // bytes of the text
+};
+
+struct Impaginazione {
+  int righe;  // lines of text shown
+  RigaRiquadro riga[RIGHE_MASSIME_TESTO];
+  bool troncato;  // the text had more lines than fit
+  int larghezza_testo;
+  int x, y, larghezza, altezza;  // the whole box on the screen
+  int pulsanti;
+  int risposta[MASSIMO_PULSANTI];          // IDOK, IDYES, IDNO, IDCANCEL; the first is the default
+  int colonna_pulsante[MASSIMO_PULSANTI];  // inside the box
+  int riga_pulsanti;                       // inside the box
+  int colonna_testo, riga_testo;           // first text character, inside the box
+};
+
+// Splits `testo` at its line breaks and wraps long lines at spaces (or
+// anywhere, for a word longer than a line); sizes and centres the box.
+void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp);
+
+// "OK", "Sì", "No" or "Annulla" (UTF-8).
+const char* EtichettaPulsante(int risposta);
+// "[ Sì ]": the width on screen of a button with its brackets.
+int LarghezzaPulsante(int risposta);
+
+// The answer that a key gives in a box of `stile`, or 0 when it gives none:
+// S or Y for Sì, N for No, A or Esc for Annulla where the box has it, Enter
+// for the first button, Enter or Esc for OK. Keys with Ctrl or Alt answer
+// nothing.
+int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento);
+
+// The line shown while the terminal is smaller than 80 x 44, written into
+// `uscita` (at least `dimensione` bytes): the longest of its forms that fits
+// in `colonne`.
+void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione);
+
+}  // namespace piattaforma::terminale

@@ -1,0 +1,170 @@
+// Keyboard input from ncurses, decoded into console key records and queued.
+#ifndef NCURSES_WIDECHAR
+#define NCURSES_WIDECHAR 1
+#endif
+#include <curses.h>
+
+#include <cstdlib>
+#include <cstring>
+
+#include "piattaforma/piattaforma.h"
+#include "piattaforma/posix/terminale.h"
+
+namespace piattaforma::terminale {
+
+namespace {
+
+// Key codes of our own for the sequences taught with define_key(), well above
+// the codes ncurses gives to the terminal's extended capabilities.
+constexpr int PRIMO_CODICE_SEQUENZA = 0x4000;
+
+constexpr int CAPIENZA_CODA = 256;
+INPUT_RECORD coda[CAPIENZA_CODA];
+int testa_coda = 0, eventi_in_coda = 0;
+StatoDecodifica stato_principale;
+
+// Tones of the sticky prefixes, so that a blind user hears which is set.
+struct TonoDiPrefisso {
+  uint32_t frequenza, durata;
+};
+constexpr TonoDiPrefisso tono_annullato{500, 60};
+constexpr TonoDiPrefisso tono_alt{1500, 40};
+constexpr TonoDiPrefisso tono_ctrl[2] = {{1000, 40}, {1250, 40}};
+
+void SuonaPrefisso(const StatoDecodifica& stato) {
+  TonoDiPrefisso tono = tono_annullato;
+  if (stato.prefisso_ctrl != 0)
+    tono = tono_ctrl[stato.prefisso_ctrl - 1];
+  else if (stato.prefisso_alt)
+    tono = tono_alt;
+  Suona(tono.frequenza, tono.durata);
+}
+
+// A key code of ncurses as decoder input; the sequence, when it is one of
+// ours, is written into `sequenza`.
+bool IngressoDaCodice(wint_t codice, bool dopo_esc, Ingresso& ingresso, char* sequenza) {
+  const int numero = static_cast<int>(codice);
+  if (numero >= PRIMO_CODICE_SEQUENZA && numero < PRIMO_CODICE_SEQUENZA + NUMERO_SEQUENZE) {
+    ComponiSequenza(numero - PRIMO_CODICE_SEQUENZA, sequenza);
+    ingresso = {Ingresso::Sequenza, 0, sequenza, dopo_esc};
+    return true;
+  }
+  const char* nome = keyname(numero);
+  if (nome == nullptr) return false;
+  ingresso = {Ingresso::Nome, 0, nome, dopo_esc};
+  return true;
+}
+
+// What follows an ESC in the same burst: Alt+key, Alt+function key, or the
+// rest of an escape sequence ncurses did not know (collected here so that
+// its bytes do not arrive as typed characters).
+void DopoEsc(Ingresso& ingresso, char* sequenza) {
+  ingresso = {Ingresso::Carattere, 27, nullptr, false};
+  wint_t c = 0;
+  const int letto = wget_wch(video.schermo, &c);
+  if (letto == ERR) return;
+  if (letto == KEY_CODE_YES) {
+    if (!IngressoDaCodice(c, true, ingresso, sequenza))
+      ingresso = {Ingresso::Carattere, 27, nullptr, true};
+    return;
+  }
+  if (c != '[' && c != 'O') {
+    ingresso = {Ingresso::Carattere, static_cast<uint32_t>(c), nullptr, true};
+    return;
+  }
+  size_t lunghezza = 0;
+  sequenza[lunghezza++] = 27;
+  sequenza[lunghezza++] = static_cast<char>(c);
+  while (SequenzaIncompleta(sequenza, lunghezza)) {
+    if (wget_wch(video.schermo, &c) != OK || c >= 0x80) break;
+    sequenza[lunghezza++] = static_cast<char>(c);
+  }
+  sequenza[lunghezza] = 0;
+  ingresso = {Ingresso::Sequenza, 0, sequenza, false};
+}
+
+}  // namespace
+
+void DefinisciSequenze() {
+  char sequenza[DIMENSIONE_SEQUENZA];
+  for (int i = 0; i < NUMERO_SEQUENZE; ++i) {
+    ComponiSequenza(i, sequenza);
+    // Sequences the terminal description already names keep their names.
+    if (key_defined(sequenza) == 0) define_key(sequenza, PRIMO_CODICE_SEQUENZA + i);
+  }
+}
+
+bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento) {
+  esito = Esito::Nessuno;
+  if (!video.aperto) return false;
+  wint_t c = 0;
+  const int letto = wget_wch(video.schermo, &c);
+  if (letto == ERR) return false;
+  char sequenza[DIMENSIONE_SEQUENZA];
+  Ingresso ingresso{Ingresso::Carattere, static_cast<uint32_t>(c), nullptr, false};
+  if (letto == KEY_CODE_YES) {
+    if (!IngressoDaCodice(c, false, ingresso, sequenza)) return true;
+  } else if (c == 27) {
+    DopoEsc(ingresso, sequenza);
+  }
+  esito = Decodifica(stato, ingresso, evento);
+  if (esito == Esito::Sospensione) Sospendi();
+  if (esito == Esito::Prefisso) SuonaPrefisso(stato);
+  return true;
+}
+
+namespace {
+
+void Raccogli() {
+  GestisciSegnali();
+  Esito esito;
+  INPUT_RECORD evento;
+  while (eventi_in_coda < CAPIENZA_CODA && LeggiIngresso(stato_principale, esito, evento)) {
+    if (esito == Esito::Evento) coda[(testa_coda + eventi_in_coda++) % CAPIENZA_CODA] = evento;
+    GestisciSegnali();
+  }
+}
+
+}  // namespace
+
+}  // namespace piattaforma::terminale
+
+namespace piattaforma {
+
+using terminale::eventi_in_coda;
+
+uint32_t EventiInAttesa() {
+  terminale::Aggiorna();
+  terminale::Raccogli();
+  return static_cast<uint32_t>(eventi_in_coda);
+}
+
+uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
+  terminale::Aggiorna();
+  terminale::Raccogli();
+  uint32_t letti = 0;
+  while (letti < massimo && eventi_in_coda > 0) {
+    eventi[letti++] = terminale::coda[terminale::testa_coda];
+    terminale::testa_coda = (terminale::testa_coda + 1) % terminale::CAPIENZA_CODA;
+    --eventi_in_coda;
+  }
+  return letti;
+}
+
+void AttendiEventi(int64_t millisecondi) {
+  terminale::Aggiorna();
+  terminale::Raccogli();
+  if (eventi_in_coda > 0) return;
+  if (!terminale::video.aperto) {
+    if (millisecondi > 0)
+      terminale::DormiFinoA(Millisecondi() + static_cast<uint64_t>(millisecondi));
+    return;
+  }
+  if (terminale::AttendiTerminale(millisecondi) == terminale::Attesa::Chiuso) {
+    // The terminal is gone (hang-up): nobody is left to play with.
+    ChiudiConsole();
+    std::exit(1);
+  }
+}
+
+}  // namespace piattaforma

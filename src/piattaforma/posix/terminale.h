@@ -1,0 +1,59 @@
+// State of the ncurses terminal shared by the POSIX backend's files.
+//
+// The 80 x 44 screen lives in an ncurses pad that never resizes, so a
+// terminal that is too small loses nothing: the pad is copied to the
+// terminal while it is large enough, and one centred line asks for the size
+// otherwise. A message box is a second pad drawn over the first.
+#pragma once
+
+#include <cstdint>
+
+#include "piattaforma/posix/decodifica.h"
+
+struct _win_st;
+
+namespace piattaforma::terminale {
+
+struct Video {
+  bool aperto = false;
+  _win_st* schermo = nullptr;   // the 80 x 44 pad
+  _win_st* riquadro = nullptr;  // the open message box, or none
+  int riquadro_x = 0, riquadro_y = 0, riquadro_larghezza = 0, riquadro_altezza = 0;
+  int x = 0, y = 0;  // cursor on the pad
+  bool da_aggiornare = false;
+  bool troppo_piccolo = false;
+};
+extern Video video;
+
+// Shows the pad (and the box) when something changed, or the size line.
+void Aggiorna();
+// Acts on the signals received since the last call: resize, suspend, resume.
+void GestisciSegnali();
+// Hands the terminal back to the shell or to a pager, and takes it again.
+void RilasciaTerminale();
+void RiprendiTerminale();
+// Ctrl+Z: the terminal restored, the process stopped; redrawn on resume.
+void Sospendi();
+// Runs `comando` with the terminal handed over to it, then redraws.
+void EseguiNelTerminale(const char* comando);
+
+enum class Attesa : uint8_t { Pronto, Scaduto, Chiuso };
+// Blocks in the kernel until the terminal has input, a signal came or
+// `millisecondi` passed (negative: no limit).
+Attesa AttendiTerminale(int64_t millisecondi);
+
+// One unit of input read without waiting and decoded with `stato`; false when
+// nothing was waiting. A prefix sounds its tone and Ctrl+Z suspends here.
+bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento);
+// Teaches ncurses the extended key sequences.
+void DefinisciSequenze();
+
+// Puts one character on a pad at (x, y) with the attributes `aspetto`
+// (ncurses A_* bits), as a space when it is a control character and as '?'
+// when it does not take exactly one column.
+void MettiCarattere(_win_st* finestra, int x, int y, uint32_t carattere, unsigned aspetto = 0);
+
+// Sleeps until Millisecondi() reaches `fine`.
+void DormiFinoA(uint64_t fine);
+
+}  // namespace piattaforma::terminale

@@ -1,0 +1,314 @@
+#!/usr/bin/python3
+"""The terminal backend in a pseudo-terminal of 80 x 44, seen through pyte:
+keys as the terminal sends them, the message box, the size check, tones of
+the prefixes kept off the screen, idle CPU, suspension with Ctrl+Z, the pager
+and the terminal given back on exit and on a fatal signal.
+
+Usage: prova_pty.py <prova_terminale>"""
+
+import os
+import re
+import signal
+import sys
+import tempfile
+import termios
+import time
+
+import pexpect
+import pyte
+
+PROGRAMMA = os.path.abspath(sys.argv[1])
+FALLIMENTI = []
+
+
+def controlla(condizione, descrizione):
+    if not condizione:
+        FALLIMENTI.append(descrizione)
+        print("FALLITO: " + descrizione, flush=True)
+
+
+class Terminale:
+    def __init__(self, comando, argomenti, righe=44, colonne=80, ambiente=None):
+        env = {
+            "PATH": "/usr/bin:/bin",
+            "TERM": "xterm-256color",
+            "LANG": "C.UTF-8",
+            "HOME": tempfile.gettempdir(),
+        }
+        env.update(ambiente or {})
+        self.schermo = pyte.Screen(colonne, righe)
+        self.flusso = pyte.ByteStream(self.schermo)
+        self.grezzo = b""
+        self.figlio = pexpect.spawn(comando, argomenti, dimensions=(righe, colonne), env=env)
+
+    def leggi(self, secondi=0.05):
+        fine = time.time() + secondi
+        while True:
+            try:
+                dati = self.figlio.read_nonblocking(65536, timeout=0.02)
+                self.grezzo += dati
+                self.flusso.feed(dati)
+            except pexpect.TIMEOUT:
+                pass
+            except pexpect.EOF:
+                return
+            if time.time() >= fine:
+                return
+
+    def attendi(self, condizione, descrizione, secondi=5.0):
+        fine = time.time() + secondi
+        while time.time() < fine:
+            self.leggi(0.03)
+            if condizione():
+                return True
+        controlla(False, descrizione + "\n" + self.testo())
+        return False
+
+    def riga(self, y):
+        return self.schermo.display[y]
+
+    def testo(self):
+        return "\n".join("%2d|%s" % (i, r.rstrip()) for i, r in enumerate(self.schermo.display))
+
+    def contiene(self, parte):
+        return any(parte in r for r in self.schermo.display)
+
+    def invia(self, dati):
+        self.figlio.send(dati)
+
+    def ridimensiona(self, righe, colonne):
+        self.schermo.resize(righe, colonne)
+        self.figlio.setwinsize(righe, colonne)
+
+
+def numero_tasti(t):
+    m = re.match(r"tasto (\d+):", t.riga(2))
+    return int(m.group(1)) if m else 0
+
+
+def tasto(t, dati, atteso, descrizione, pausa=0.0):
+    prima = numero_tasti(t)
+    if isinstance(dati, (list, tuple)):
+        for pezzo in dati:
+            t.invia(pezzo)
+            time.sleep(pausa)
+    else:
+        t.invia(dati)
+    ok = t.attendi(lambda: numero_tasti(t) == prima + 1, descrizione + ": no key record")
+    if ok:
+        riga = t.riga(2)
+        controlla(atteso in riga, "%s: expected %r, got %r" % (descrizione, atteso, riga.rstrip()))
+
+
+def prova_tasti_e_riquadro(file_da_vedere):
+    t = Terminale(PROGRAMMA, [file_da_vedere], ambiente={"PAGER": "less", "LESS": ""})
+    t.attendi(lambda: "Pendrino prova" in t.riga(0) and "ultima riga" in t.riga(43),
+              "the screen is drawn")
+    controlla(b"\x1b[>4;2m" in t.grezzo, "modifyOtherKeys requested")
+    controlla(b"\x1b[8;44;80t" in t.grezzo, "80 x 44 requested")
+    controlla(b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set")
+
+    # Chords in the forms terminals send them.
+    casi = [
+        ("\x1b[13;5u", "vk=0D stato=0008", "Ctrl+Enter CSI-u"),
+        ("\x1b[27;6;13~", "vk=0D stato=0018", "Ctrl+Shift+Enter modifyOtherKeys"),
+        ("\x1b[49;5u", "vk=31 stato=0008", "Ctrl+1"),
+        ("\x1b[33;6u", "vk=31 stato=0018", "Ctrl+Shift+1"),
+        ("\x1b[50;5u", "vk=32 stato=0008", "Ctrl+2"),
+        ("\x1b[109;5u", "vk=4D stato=0008", "Ctrl+M"),
+        ("\x1b[43;5u", "vk=BB stato=0018", "Ctrl+plus"),
+        ("\x1b[45;5u", "vk=BD stato=0008", "Ctrl+minus"),
+        ("\x1b[3;5~", "vk=2E stato=0008", "Ctrl+Delete (kDC5)"),
+        ("\x1b[1;3S", "vk=73 stato=0002", "Alt+F4 (kf52)"),
+        ("\x1bOS", "vk=73 stato=0000", "F4"),
+        ("\x1bn", "vk=4E stato=0002 car=110", "Alt+N as ESC n"),
+        ("\x1bs", "vk=53 stato=0002", "Alt+S as ESC s"),
+        ("\x1b3", "vk=33 stato=0002", "Alt+3 as ESC 3"),
+        ("\x03", "vk=43 stato=0008", "Ctrl+C is a key"),
+        ("\x01", "vk=41 stato=0008", "Ctrl+A"),
+        ("\x10", "vk=50 stato=0008", "Ctrl+P"),
+        ("\x1f", "vk=BD stato=0008", "Ctrl+minus as 0x1F"),
+        ("\x00", "vk=32 stato=0008", "Ctrl+2 as NUL"),
+        ("t", "vk=54 stato=0000 car=116", "t"),
+        ("T", "vk=54 stato=0010 car=84", "T"),
+        ("7", "vk=37 stato=0000 car=55", "7"),
+        ("+", "vk=BB stato=0010 car=43", "+"),
+        ("\r", "vk=0D stato=0000 car=13", "Enter"),
+        ("\x7f", "vk=08 stato=0000", "Backspace"),
+        ("\x1b[H", "vk=24 stato=0000", "Home"),
+        ("\x1b[F", "vk=23 stato=0000", "End"),
+        ("\x1b[A", "vk=26 stato=0000", "Up"),
+        ("\x1bOP", "vk=70 stato=0000", "F1"),
+        ("\x1b[24~", "vk=7B stato=0000", "F12"),
+        ("\x1b[15;2~", "vk=74 stato=0010", "Shift+F5"),
+    ]
+    for dati, atteso, descrizione in casi:
+        tasto(t, dati, atteso, descrizione)
+
+    # The sticky prefixes, each with a pause as a person would type them.
+    prefissi = [
+        (["\x1b", "\x1bOS"], "vk=73 stato=0002", "Esc then F4 = Alt+F4"),
+        (["\x1b", "n"], "vk=4E stato=0002", "Esc then n = Alt+N"),
+        (["\x18", "\r"], "vk=0D stato=0008", "Ctrl+X Enter = Ctrl+Enter"),
+        (["\x18", "\x18", "\r"], "vk=0D stato=0018", "Ctrl+X twice Enter = Ctrl+Shift+Enter"),
+        (["\x18", "1"], "vk=31 stato=0008", "Ctrl+X 1 = Ctrl+1"),
+        (["\x18", "\x18", "1"], "vk=31 stato=0018", "Ctrl+X twice 1 = Ctrl+Shift+1"),
+        (["\x18", "2"], "vk=32 stato=0008", "Ctrl+X 2 = Ctrl+2"),
+        (["\x18", "\x18", "2"], "vk=32 stato=0018", "Ctrl+X twice 2 = Ctrl+Shift+2"),
+        (["\x18", "m"], "vk=4D stato=0008", "Ctrl+X m = Ctrl+M"),
+        (["\x18", "+"], "vk=BB stato=0018", "Ctrl+X + = Ctrl+plus"),
+        (["\x18", "-"], "vk=BD stato=0008", "Ctrl+X - = Ctrl+minus"),
+        (["\x18", "\x7f"], "vk=2E stato=0008", "Ctrl+X Backspace = Ctrl+Delete"),
+        (["\x18", "\x1b[3~"], "vk=2E stato=0008", "Ctrl+X Delete = Ctrl+Delete"),
+        (["\x1b", "\x1b", "n"], "vk=4E stato=0000", "Esc twice cancels"),
+    ]
+    for dati, atteso, descrizione in prefissi:
+        tasto(t, dati, atteso, descrizione, pausa=0.15)
+
+    # A sequence nobody knows does not type its bytes.
+    tasto(t, ["\x1b[200~", "a"], "vk=41 stato=0000", "unknown sequence swallowed", pausa=0.1)
+
+    # Yes/No/Cancel box.
+    risposte = [("s", 6), ("y", 6), ("n", 7), ("a", 2), ("\x1b", 2), ("\r", 6)]
+    for chiave, attesa in risposte:
+        t.invia("b")
+        if not t.attendi(lambda: t.contiene("Attenzione!"), "box shown"):
+            break
+        testo = t.testo()
+        controlla("Prima riga del testo" in testo and "Seconda riga" in testo, "box text")
+        controlla("[ Sì ]" in testo and "[ No ]" in testo and "[ Annulla ]" in testo,
+                  "box buttons\n" + testo)
+        riga_testo = next(i for i, r in enumerate(t.schermo.display) if "Prima riga" in r)
+        colonna_testo = t.riga(riga_testo).index("Prima riga")
+        controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (colonna_testo, riga_testo),
+                  "cursor at the start of the text: %r" % ((t.schermo.cursor.x, t.schermo.cursor.y),))
+        controlla("Attenzione!" in t.riga(riga_testo - 2), "title two lines above the text")
+        numero = numero_tasti(t)
+        t.invia("x")  # no answer
+        t.leggi(0.2)
+        controlla(t.contiene("Attenzione!"), "x does not answer")
+        t.invia(chiave)
+        t.attendi(lambda: ("risposta %d: %d" % (numero, attesa)) in t.riga(3),
+                  "answer %r -> %d" % (chiave, attesa))
+        t.attendi(lambda: not t.contiene("Attenzione!"), "box closed")
+        controlla(all(t.riga(y).startswith("sfondo %02d ....." % y) for y in range(10, 30)),
+                  "screen restored under the box\n" + t.testo())
+        controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (5, 5), "cursor back")
+
+    # OK box: Enter or Esc.
+    for chiave in ["\r", "\x1b"]:
+        t.invia("o")
+        t.attendi(lambda: t.contiene("Partita salvata.") and t.contiene("[ OK ]"), "OK box")
+        numero = numero_tasti(t)
+        t.invia(chiave)
+        t.attendi(lambda: ("risposta %d: 1" % numero) in t.riga(3), "OK answered")
+
+    # Too small, then large enough again: everything redrawn.
+    t.ridimensiona(20, 60)
+    t.attendi(lambda: "Servono almeno 80 colonne e 44 righe." in t.riga(10), "size line")
+    controlla(not t.contiene("Pendrino prova"), "screen hidden while too small")
+    t.ridimensiona(44, 80)
+    t.attendi(lambda: "Pendrino prova" in t.riga(0) and "ultima riga" in t.riga(43)
+              and "sfondo 20" in t.riga(20), "redrawn when large enough")
+    # A box while the terminal is too small waits for it to grow.
+    numero = numero_tasti(t) + 1
+    t.ridimensiona(30, 80)
+    t.attendi(lambda: t.contiene("80 colonne e 44 righe"), "size line again")
+    t.invia("b")
+    t.leggi(0.3)
+    t.invia("s")
+    t.leggi(0.3)
+    controlla(not t.contiene("risposta %d" % numero), "hidden box not answered")
+    t.ridimensiona(44, 80)
+    t.attendi(lambda: t.contiene("Attenzione!"), "box shown after growing")
+    t.invia("n")
+    t.attendi(lambda: ("risposta %d: 7" % numero) in t.riga(3), "box answered after growing")
+
+    # Idle: the wait blocks in the kernel.
+    with open("/proc/%d/stat" % t.figlio.pid) as f:
+        campi = f.read().rsplit(")", 1)[1].split()
+    prima = int(campi[11]) + int(campi[12])
+    time.sleep(3)
+    with open("/proc/%d/stat" % t.figlio.pid) as f:
+        campi = f.read().rsplit(")", 1)[1].split()
+    dopo = int(campi[11]) + int(campi[12])
+    cpu = (dopo - prima) / os.sysconf("SC_CLK_TCK")
+    print("CPU while waiting 3 s: %.3f s" % cpu, flush=True)
+    controlla(cpu < 0.05, "idle CPU %.3f s in 3 s" % cpu)
+
+    # The pager in the terminal, then the screen redrawn.
+    t.invia("v")
+    t.attendi(lambda: t.contiene("contenuto da vedere"), "pager shows the file")
+    t.invia("q")
+    t.attendi(lambda: "Pendrino prova" in t.riga(0) and t.contiene("visto"), "redrawn after pager")
+    tasto(t, "\x1b[13;5u", "vk=0D stato=0008", "extended keys again after the pager")
+
+    # Leaving: the terminal handed back.
+    t.grezzo = b""
+    t.invia("q")
+    t.figlio.expect(pexpect.EOF, timeout=5)
+    t.flusso.feed(t.figlio.before or b"")
+    t.grezzo += t.figlio.before or b""
+    t.figlio.close()
+    controlla(t.figlio.exitstatus == 0, "exit code 0, got %r" % t.figlio.exitstatus)
+    controlla(b"\x1b[>4;0m" in t.grezzo, "modifyOtherKeys reset on exit")
+    controlla(b"\x1b[?1049l" in t.grezzo, "alternate screen left on exit")
+
+
+def prova_segnale_fatale():
+    t = Terminale(PROGRAMMA, [])
+    t.attendi(lambda: "Pendrino prova" in t.riga(0), "started")
+    modi = termios.tcgetattr(t.figlio.child_fd)
+    controlla(not (modi[3] & termios.ICANON) and not (modi[3] & termios.ECHO), "raw mode while running")
+    t.grezzo = b""
+    os.kill(t.figlio.pid, signal.SIGTERM)
+    t.leggi(0.5)
+    modi = termios.tcgetattr(t.figlio.child_fd)
+    controlla(modi[3] & termios.ICANON and modi[3] & termios.ECHO, "cooked mode after SIGTERM")
+    controlla(b"\x1b[>4;0m" in t.grezzo and b"\x1b[?1049l" in t.grezzo,
+              "terminal strings written on SIGTERM: %r" % t.grezzo[-80:])
+    t.figlio.expect(pexpect.EOF, timeout=5)
+    t.figlio.close()
+    controlla(t.figlio.signalstatus == signal.SIGTERM, "ended by SIGTERM: %r" % t.figlio.signalstatus)
+
+
+def prova_sospensione():
+    t = Terminale("/bin/bash", ["--norc", "--noprofile", "-i"], ambiente={"PS1": "PRONTO$ "})
+    t.attendi(lambda: t.contiene("PRONTO$"), "shell prompt")
+    t.invia(PROGRAMMA + "\r")
+    t.attendi(lambda: "Pendrino prova" in t.riga(0), "program started in the shell")
+    tasto(t, "k", "vk=4B stato=0000", "key before suspension")
+    t.invia("\x1a")
+    t.attendi(lambda: t.contiene("Stopped") and t.contiene("PRONTO$"), "stopped with Ctrl+Z")
+    t.invia("stty -a | grep -o -- ' -\\?icanon'\r")
+    t.attendi(lambda: t.contiene(" icanon"), "shell has its cooked terminal back")
+    t.invia("fg\r")
+    t.attendi(lambda: "Pendrino prova" in t.riga(0) and "sfondo 20" in t.riga(20),
+              "redrawn after fg")
+    tasto(t, "\x1b[49;5u", "vk=31 stato=0008", "keys after fg")
+    t.invia("q")
+    t.attendi(lambda: t.contiene("PRONTO$"), "back to the shell")
+    t.invia("exit\r")
+    t.figlio.expect(pexpect.EOF, timeout=5)
+    t.figlio.close()
+
+
+def main():
+    with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as f:
+        f.write("contenuto da vedere\n")
+        nome = f.name
+    try:
+        prova_tasti_e_riquadro(nome)
+        prova_segnale_fatale()
+        prova_sospensione()
+    finally:
+        os.unlink(nome)
+    if FALLIMENTI:
+        print("%d checks failed" % len(FALLIMENTI))
+        return 1
+    print("all checks passed")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
