@@ -12,14 +12,14 @@ constexpr uint64_t Casa(const char* nome) {
 }
 
 // Kings far from the squares the tests ask about, unless a test moves them.
-void Kings(const char* bianco = "a1", const char* nero = "h8") {
+void PiazzaRe(const char* bianco = "a1", const char* nero = "h8") {
   SvuotaScacchiera();
   inserisci_re_bianco(Casa(bianco));
   inserisci_re_nero(Casa(nero));
 }
 
 TEST(Attacchi, IlProprioReAttaccaLeCaseAccanto) {
-  Kings("e1", "e8");
+  PiazzaRe("e1", "e8");
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("e2")), 1);
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("d1")), 1);
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("f2")), 1);
@@ -34,14 +34,14 @@ TEST(Attacchi, IlProprioReAttaccaLeCaseAccanto) {
 
 TEST(Attacchi, IlReAttaccaAncheCaseDifese) {
   // A square next to the king counts even when the enemy guards it.
-  Kings("e1", "e8");
+  PiazzaRe("e1", "e8");
   inserisci_torre_nero(Casa("d8"));
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("d2")), 1);
   EXPECT_EQ(attaccano_pezzi_del_nero(Casa("d2")), 1);
 }
 
 TEST(Attacchi, Pedoni) {
-  Kings();
+  PiazzaRe();
   inserisci_pedone_bianco(Casa("e4"));
   inserisci_pedone_nero(Casa("e5"));
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("d5")), 1);
@@ -55,7 +55,7 @@ TEST(Attacchi, Pedoni) {
 }
 
 TEST(Attacchi, PedoniSulBordoNonPassanoDallAltraParte) {
-  Kings("e1", "e8");
+  PiazzaRe("e1", "e8");
   inserisci_pedone_bianco(Casa("a4"));
   inserisci_pedone_nero(Casa("h5"));
   EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("b5")), 1);
@@ -66,7 +66,7 @@ TEST(Attacchi, PedoniSulBordoNonPassanoDallAltraParte) {
 
 TEST(Attacchi, UnaTorreDietroUnAltroPezzoNonAttaccaOltre) {
   for (int colore_bloccante = 0; colore_bloccante < 2; ++colore_bloccante) {
-    Kings();
+    PiazzaRe();
     inserisci_torre_bianco(Casa("e1"));
     if (colore_bloccante == 0)
       inserisci_cavallo_bianco(Casa("e4"));
@@ -76,7 +76,7 @@ TEST(Attacchi, UnaTorreDietroUnAltroPezzoNonAttaccaOltre) {
     EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("e5")), 0) << colore_bloccante;
     EXPECT_EQ(attaccano_pezzi_del_bianco(Casa("e8")), 0) << colore_bloccante;
   }
-  Kings();
+  PiazzaRe();
   inserisci_torre_nero(Casa("d8"));
   inserisci_pedone_bianco(Casa("d4"));
   EXPECT_EQ(attaccano_pezzi_del_nero(Casa("d5")), 1);
@@ -84,7 +84,7 @@ TEST(Attacchi, UnaTorreDietroUnAltroPezzoNonAttaccaOltre) {
 }
 
 TEST(Attacchi, DonneEAlfieriSulleDiagonaliCavalliASalto) {
-  Kings();
+  PiazzaRe();
   inserisci_donna_nero(Casa("b7"));
   inserisci_alfiere_bianco(Casa("c1"));
   inserisci_cavallo_bianco(Casa("g1"));

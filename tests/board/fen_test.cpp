@@ -14,6 +14,7 @@
 #include "board/posizione.h"
 #include "moves/mosse.h"
 #include "riferimento.h"
+#include "verifica_posizione.h"
 
 namespace {
 
@@ -274,6 +275,34 @@ TEST(Fen, ListePieneAlLimiteSonoAccettate) {
   EXPECT_EQ(Carica("7k/6pp/8/8/8/7Q/QQQQQQQQ/Q6K w - - 0 1"), 0);
   EXPECT_EQ(Carica("k6q/qqqqqqqq/q7/8/8/8/PP6/K7 b - - 0 1"), 0);
   EXPECT_EQ(Carica("4k3/pppppppp/8/8/8/8/PPPPPPPP/P3K3 w - - 0 1"), 0);
+}
+
+TEST(Fen, LaVerificaDiCoerenzaVedeOgniGuasto) {
+  const char* fen = "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w Qk - 0 1";
+  ASSERT_EQ(Carica(fen), 1);
+  EXPECT_TRUE(PosizioneCoerente());
+  uint64_t* guasti[] = {&ChiaveHash,
+                        &HashPedoni,
+                        &btm_occupazione,
+                        &btm_nero,
+                        &btm_pezzi[BIANCO][CAVALLO],
+                        &materiale_del_bianco,
+                        &casa_torre_nero[1],
+                        &PezzoIn[Casa("e4")],
+                        &PezzoIn[Casa("e5")]};
+  for (size_t i = 0; i < std::size(guasti); ++i) {
+    uint64_t* guasto = guasti[i];
+    ASSERT_EQ(Carica(fen), 1);
+    *guasto ^= 1;
+    EXPECT_FALSE(PosizioneCoerente()) << i;
+  }
+  ASSERT_EQ(Carica(fen), 1);
+  InfoPosizione ^= 1ull << 40;
+  EXPECT_FALSE(PosizioneCoerente());
+  // A castling key without its right.
+  ASSERT_EQ(Carica(fen), 1);
+  ChiaveHash ^= HASH_ARROCCO_CORTO_BIANCO;
+  EXPECT_FALSE(PosizioneCoerente());
 }
 
 // ---------------------------------------------------------------------------
