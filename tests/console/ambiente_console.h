@@ -1,0 +1,56 @@
+// A clean in-memory console and clean console state for every test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "board/posizione.h"
+#include "clock/orologio.h"
+#include "console/comandi.h"
+#include "console/schermo.h"
+#include "piattaforma/memoria/memoria.h"
+
+class AmbienteConsole : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    memoria::Azzera();
+    fuoco = FUOCO_COMANDO;
+    CharatteriInComando = 0;
+    InMoto = 0;
+    TempoRimasto[0] = TempoRimasto[1] = 0;
+    InizioTempo = 0;
+    ContatoreMosse = 0;
+    SalvataggioInUscita = nullptr;
+    SvuotaMessaggio();
+  }
+
+  // The whole screen, line after line, to compare before and after.
+  static std::string Schermo() {
+    std::string s;
+    for (int y = 0; y < piattaforma::RIGHE_SCHERMO; ++y) s += memoria::Riga(y) + '\n';
+    return s;
+  }
+
+  // `testo` placed at column `x` of an otherwise blank 80-column line.
+  static std::string RigaCon(int x, const std::string& testo) {
+    std::string riga(80, ' ');
+    riga.replace(size_t(x), testo.size(), testo);
+    return riga;
+  }
+
+  // Runs `fai`, which must end the program with status 0.
+  static void Esce(void (*fai)()) {
+    try {
+      fai();
+      ADD_FAILURE() << "the program did not end";
+    } catch (const memoria::UscitaProcesso& u) {
+      EXPECT_EQ(u.codice, 0u);
+    }
+  }
+
+  static void ComponiMessaggio(const char* testo) {
+    SvuotaMessaggio();
+    AggiungiTesto(testo);
+  }
+};

@@ -1,0 +1,120 @@
+"""The program in a pseudo-terminal of 80 x 44, seen through pyte.
+
+Every byte the program writes is kept (to check what it sends at exit) and
+fed to a pyte screen (to check what a user would see).
+"""
+
+import os
+import subprocess
+import sys
+import time
+
+SALTA = 77  # CTest SKIP_RETURN_CODE
+
+try:
+    import pexpect
+    import pyte
+except ImportError as errore:  # pragma: no cover - depends on the machine
+    barra = "!" * 72
+    sys.stderr.write(
+        f"\n{barra}\n"
+        f"SKIPPED: the end-to-end screen tests need pyte and pexpect ({errore}).\n"
+        f"Interpreter: {sys.executable}\n"
+        "Install them with: apt-get install python3-pyte python3-pexpect\n"
+        f"{barra}\n\n")
+    sys.exit(SALTA)
+
+RIGHE = 44
+COLONNE = 80
+
+
+def capacita(terminale, nome):
+    """A terminfo string capability of `terminale`, as bytes (b"" if absent)."""
+    uscita = subprocess.run(["tput", "-T", terminale, nome], capture_output=True)
+    return uscita.stdout if uscita.returncode == 0 else b""
+
+
+class Fallito(Exception):
+    pass
+
+
+class Terminale:
+    def __init__(self, comando, argomenti, terminale, cartella):
+        ambiente = dict(os.environ)
+        ambiente["TERM"] = terminale
+        ambiente.pop("DISPLAY", None)
+        ambiente.pop("WAYLAND_DISPLAY", None)
+        ambiente["LANG"] = ambiente.get("LANG") or "C.UTF-8"
+        self.schermo = pyte.Screen(COLONNE, RIGHE)
+        self.flusso = pyte.ByteStream(self.schermo)
+        self.ricevuto = bytearray()
+        self.figlio = pexpect.spawn(comando, argomenti, env=ambiente, cwd=cartella,
+                                    dimensions=(RIGHE, COLONNE))
+        self.finito = False
+
+    # -- reading ---------------------------------------------------------
+    def leggi(self, attesa=0.05):
+        """Feeds whatever the program wrote within `attesa` seconds."""
+        if self.finito:
+            return False
+        try:
+            dati = self.figlio.read_nonblocking(65536, timeout=attesa)
+        except pexpect.TIMEOUT:
+            return False
+        except pexpect.EOF:
+            self.finito = True
+            return False
+        self.ricevuto += dati
+        self.flusso.feed(dati)
+        return True
+
+    def attendi(self, condizione, descrizione, secondi=10.0):
+        scadenza = time.monotonic() + secondi
+        while True:
+            self.leggi()
+            if condizione():
+                return
+            if time.monotonic() > scadenza or self.finito:
+                raise Fallito(f"timed out waiting for: {descrizione}\n{self.mostra()}")
+
+    def quiete(self, secondi=0.3):
+        """Reads until the program has been silent for `secondi`."""
+        silenzio = time.monotonic() + secondi
+        while time.monotonic() < silenzio:
+            if self.leggi():
+                silenzio = time.monotonic() + secondi
+
+    def attendi_fine(self, secondi=10.0):
+        scadenza = time.monotonic() + secondi
+        while not self.finito:
+            self.leggi(0.1)
+            if time.monotonic() > scadenza:
+                raise Fallito("the program did not end\n" + self.mostra())
+        self.figlio.close()
+        return self.figlio.exitstatus, self.figlio.signalstatus
+
+    # -- the screen ------------------------------------------------------
+    def riga(self, y):
+        return self.schermo.display[y]
+
+    def cursore(self):
+        return self.schermo.cursor.x, self.schermo.cursor.y
+
+    def fotografia(self):
+        return list(self.schermo.display), self.cursore()
+
+    def contiene(self, testo):
+        return any(testo in riga for riga in self.schermo.display)
+
+    def mostra(self):
+        righe = [f"{y:2d}|{riga}|" for y, riga in enumerate(self.schermo.display)]
+        x, y = self.cursore()
+        return "\n".join(righe) + f"\ncursor: column {x}, line {y}"
+
+    # -- keys ------------------------------------------------------------
+    def invia(self, dati):
+        self.figlio.send(dati)
+
+    def termina(self):
+        if not self.finito and self.figlio.isalive():
+            self.figlio.terminate(force=True)
