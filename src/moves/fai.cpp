@@ -11,8 +11,6 @@
 
 namespace {
 
-#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
-
 constexpr uint64_t CAMPI_SCACCO = 0x3fff000ull;  // both checker fields
 constexpr uint64_t AZZERA_PER_MOSSA = CAMPI_SCACCO | PERMESSO_ENPASSANT;
 constexpr uint64_t AZZERA_CON_SEMIMOSSE = AZZERA_PER_MOSSA | MASCHERA_SEMIMOSSE;

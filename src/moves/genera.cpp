@@ -10,8 +10,6 @@
 
 namespace {
 
-#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
-
 enum Genere { TUTTE, TATTICHE, NONCATTURE };
 template <Genere G>
 constexpr bool ConCatture = G != NONCATTURE;  // captures, en passant, promotions

@@ -9,6 +9,10 @@
 #include "board/posizione.h"
 #include "moves/mosse.h"
 
+// The helpers of the move families are always inlined, so that each named
+// function is one straight piece of code.
+#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
+
 // A shift towards higher squares for positive S, lower for negative.
 template <int S>
 constexpr uint64_t Sposta(uint64_t b) {
@@ -70,13 +74,6 @@ struct Lato {
   static constexpr uint64_t MossaLungo = C == BIANCO ? MOSSA_O_O_O_BIANCO : MOSSA_O_O_O_NERO;
 };
 
-// The rights a move clears when it leaves from or lands on square s: a rook
-// corner takes away the right of its side.
-constexpr uint64_t DirittiDellAngolo(uint64_t s) {
-  return (s == 63 ? ARROCCO_CORTO_BIANCO : 0) | (s == 56 ? ARROCCO_LUNGO_BIANCO : 0) |
-         (s == 7 ? ARROCCO_CORTO_NERO : 0) | (s == 0 ? ARROCCO_LUNGO_NERO : 0);
-}
-
 // What a move type does, by the rule that numbers the types.
 constexpr int NESSUNO = -1;
 struct DescrizioneTipo {
@@ -102,7 +99,7 @@ constexpr DescrizioneTipo Descrivi(uint64_t t) {
 // the last piece of its kind, whose code takes the new slot. The caller then
 // rewrites PezzoIn[s] itself.
 template <Colore C, int K>
-[[gnu::always_inline]] inline void TogliDallaLista(uint64_t s) {
+SEMPRE_IN_LINEA void TogliDallaLista(uint64_t s) {
   const uint64_t codice = PezzoIn[s];
   materiale[C] -= IncrementoMateriale[K];
   uint64_t* const lista = casa_di<TipoPezzo(K)>(C);
@@ -113,7 +110,7 @@ template <Colore C, int K>
 
 // A piece entering its list takes the next free slot.
 template <Colore C, int K>
-[[gnu::always_inline]] inline void AggiungiAllaLista(uint64_t s) {
+SEMPRE_IN_LINEA void AggiungiAllaLista(uint64_t s) {
   const uint64_t slot = NumeroPezzi(materiale[C], K);
   PezzoIn[s] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
   casa_di<TipoPezzo(K)>(C)[slot] = s;

@@ -9,8 +9,6 @@
 
 namespace {
 
-#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
-
 // HashPedoni only changes when a pawn moves or is taken.
 template <bool Pedoni>
 SEMPRE_IN_LINEA void RipristinaParole() {
