@@ -1,6 +1,8 @@
 // Exact move counts from the current position: every move down to the last
 // ply is made and taken back (no counting of the last ply's list), each ply
-// generating into a buffer of its own.
+// generating into a buffer of its own, so the game's BufferMosseGenerate is
+// left alone. The backups of the current ply and the ones above it are
+// rewritten, as by any move tried from here.
 #pragma once
 
 #include <cstdint>
