@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 
 #include "piattaforma/piattaforma.h"
 
@@ -75,6 +76,18 @@ inline size_t CodificaUtf8(uint32_t c, char* uscita) {
   uscita[2] = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
   uscita[3] = static_cast<char>(0x80 | (c & 0x3F));
   return 4;
+}
+
+// snprintf that leaves `destinazione` empty rather than cut short: a command
+// line cut short would run something else. False when it did not fit.
+template <typename... Argomenti>
+bool ComponiPerIntero(char* destinazione, size_t dimensione, const char* formato,
+                      Argomenti... argomenti) {
+  if (destinazione == nullptr || dimensione == 0) return false;
+  const int scritti = std::snprintf(destinazione, dimensione, formato, argomenti...);
+  if (scritti >= 0 && static_cast<size_t>(scritti) < dimensione) return true;
+  destinazione[0] = 0;
+  return false;
 }
 
 // Writes bytes onto a screen of COLONNE_SCHERMO x RIGHE_SCHERMO cells with

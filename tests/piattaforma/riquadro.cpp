@@ -194,7 +194,8 @@ TEST(ImpaginaRiquadro, TroppeRigheTroncateSenzaUscireDalloSchermo) {
 TEST(ImpaginaRiquadro, SempreDentroLoSchermo) {
   const char* testi[] = {"", "x", "\n\n\n", "a b c", "\xFF\xFE\xC3", "tab\there"};
   for (const char* testo : testi) {
-    for (unsigned stile : {MB_OK, MB_OKCANCEL, MB_YESNO, MB_YESNOCANCEL, 0xFFu}) {
+    const unsigned stili[] = {MB_OK, MB_OKCANCEL, MB_YESNO, MB_YESNOCANCEL, 0xFFu};
+    for (unsigned stile : stili) {
       Impaginazione imp;
       ImpaginaRiquadro(testo, "Attenzione!", stile, imp);
       EXPECT_GE(imp.x, 0);
@@ -222,19 +223,23 @@ TEST(ImpaginaRiquadro, EtichetteItaliane) {
 }
 
 TEST(MessaggioDimensioni, LaFormaPiuLungaCheCiStia) {
+  struct Caso {
+    int colonne, righe;
+    const char* atteso;
+  };
+  const Caso casi[] = {
+      {79, 44, "Finestra troppo piccola (79 x 44): servono almeno 80 colonne e 44 righe."},
+      {40, 10, "Servono almeno 80 colonne e 44 righe."},
+      {30, 10, "Servono 80x44 caratteri."},
+      {10, 3, "80x44"},
+      {3, 1, "80x"},
+      {0, 0, ""},
+  };
   char m[128];
-  MessaggioDimensioni(79, 44, m, sizeof m);
-  EXPECT_STREQ(m, "Finestra troppo piccola (79 x 44): servono almeno 80 colonne e 44 righe.");
-  MessaggioDimensioni(40, 10, m, sizeof m);
-  EXPECT_STREQ(m, "Servono almeno 80 colonne e 44 righe.");
-  MessaggioDimensioni(30, 10, m, sizeof m);
-  EXPECT_STREQ(m, "Servono 80x44 caratteri.");
-  MessaggioDimensioni(10, 3, m, sizeof m);
-  EXPECT_STREQ(m, "80x44");
-  MessaggioDimensioni(3, 1, m, sizeof m);
-  EXPECT_STREQ(m, "80x");
-  MessaggioDimensioni(0, 0, m, sizeof m);
-  EXPECT_STREQ(m, "");
+  for (const Caso& caso : casi) {
+    MessaggioDimensioni(caso.colonne, caso.righe, m, sizeof m);
+    EXPECT_STREQ(m, caso.atteso);
+  }
   char piccolo[6];
   MessaggioDimensioni(79, 44, piccolo, sizeof piccolo);
   EXPECT_STREQ(piccolo, "Fines");

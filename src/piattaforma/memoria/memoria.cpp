@@ -165,10 +165,7 @@ uint64_t Millisecondi() { return S().millisecondi; }
 DataOraUTC OraUTC() { return S().ora; }
 
 void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file) {
-  if (destinazione == nullptr || dimensione == 0) return;
-  const int scritti = std::snprintf(destinazione, dimensione, "start %s", file ? file : "");
-  // A command cut short would open something else: none at all instead.
-  if (scritti < 0 || static_cast<size_t>(scritti) >= dimensione) destinazione[0] = 0;
+  ComponiPerIntero(destinazione, dimensione, "start %s", file ? file : "");
 }
 
 void EseguiComandoVisualizzatore(const char* comando) {

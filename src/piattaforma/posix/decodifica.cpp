@@ -153,28 +153,13 @@ constexpr RadiceEstesa radici_estese[] = {
     {"kNXT", VK_NEXT},  {"kPRV", VK_PRIOR},
 };
 
-// Keys of the VT220 "CSI n ~" form.
+// Keys of the VT220 "CSI n ~" form: the editing keys, then F1..F20
+// (11-15, 17-21, 23-26, 28-29, 31-34).
 WORD TastoVT(unsigned numero, unsigned& funzione) {
   funzione = 0;
-  switch (numero) {
-    case 1:
-    case 7:
-      return VK_HOME;
-    case 2:
-      return VK_INSERT;
-    case 3:
-      return VK_DELETE;
-    case 4:
-    case 8:
-      return VK_END;
-    case 5:
-      return VK_PRIOR;
-    case 6:
-      return VK_NEXT;
-    default:
-      break;
-  }
-  // F1..F20: 11-15, 17-21, 23-26, 28-29, 31-34.
+  constexpr WORD modifica[9] = {0,        VK_HOME, VK_INSERT, VK_DELETE, VK_END,
+                                VK_PRIOR, VK_NEXT, VK_HOME,   VK_END};
+  if (numero >= 1 && numero <= 8) return modifica[numero];
   constexpr unsigned codici_funzione[] = {11, 12, 13, 14, 15, 17, 18, 19, 20, 21,
                                           23, 24, 25, 26, 28, 29, 31, 32, 33, 34};
   for (unsigned i = 0; i < sizeof codici_funzione / sizeof codici_funzione[0]; ++i)
@@ -182,63 +167,48 @@ WORD TastoVT(unsigned numero, unsigned& funzione) {
   return 0;
 }
 
+struct Finale {
+  char finale;
+  WORD codice_virtuale;
+  char carattere;
+  bool solo_ss3;  // the application keypad
+};
+constexpr Finale finali[] = {
+    {'A', VK_UP, 0, false},
+    {'B', VK_DOWN, 0, false},
+    {'C', VK_RIGHT, 0, false},
+    {'D', VK_LEFT, 0, false},
+    {'H', VK_HOME, 0, false},
+    {'F', VK_END, 0, false},
+    {'E', VK_CLEAR_TASTIERINO, 0, false},
+    {'P', VK_F1, 0, false},
+    {'Q', VK_F2, 0, false},
+    {'R', VK_F3, 0, false},
+    {'S', VK_F4, 0, false},
+    {'M', VK_RETURN, 13, true},
+    {'k', VK_ADD, '+', true},
+    {'m', VK_SUBTRACT, '-', true},
+    {'j', VK_MULTIPLY, '*', true},
+    {'o', VK_DIVIDE, '/', true},
+    {'n', VK_DECIMAL, '.', true},
+    {'l', VK_SEPARATORE, ',', true},
+    {'X', VK_OEM_PLUS, '=', true},
+};
+
 // Keys named by the final byte of a CSI or SS3 sequence.
 bool TastoDaFinale(char finale, bool ss3, Tasto& tasto) {
-  switch (finale) {
-    case 'A':
-      tasto = TastoSemplice(VK_UP);
-      return true;
-    case 'B':
-      tasto = TastoSemplice(VK_DOWN);
-      return true;
-    case 'C':
-      tasto = TastoSemplice(VK_RIGHT);
-      return true;
-    case 'D':
-      tasto = TastoSemplice(VK_LEFT);
-      return true;
-    case 'H':
-      tasto = TastoSemplice(VK_HOME);
-      return true;
-    case 'F':
-      tasto = TastoSemplice(VK_END);
-      return true;
-    case 'E':
-      tasto = TastoSemplice(VK_CLEAR_TASTIERINO);
-      return true;
-    case 'P':
-    case 'Q':
-    case 'R':
-    case 'S':
-      tasto = TastoSemplice(TastoFunzione(static_cast<unsigned>(finale - 'P') + 1));
-      return true;
-    case 'Z':
-      if (ss3) return false;
-      tasto = TastoSemplice(VK_TAB, 9, SHIFT_PRESSED);
-      return true;
-    default:
-      break;
+  if (finale == 'Z' && !ss3) {
+    tasto = TastoSemplice(VK_TAB, 9, SHIFT_PRESSED);
+    return true;
   }
-  if (!ss3) return false;
-  // Application keypad.
-  if (finale >= 'p' && finale <= 'y') {
+  if (ss3 && finale >= 'p' && finale <= 'y') {
     tasto = TastoSemplice(static_cast<WORD>(VK_NUMPAD0 + (finale - 'p')),
                           static_cast<char>('0' + (finale - 'p')));
     return true;
   }
-  struct Tastierino {
-    char finale;
-    WORD codice_virtuale;
-    char carattere;
-  };
-  constexpr Tastierino tastierino[] = {
-      {'M', VK_RETURN, 13},      {'k', VK_ADD, '+'},      {'m', VK_SUBTRACT, '-'},
-      {'j', VK_MULTIPLY, '*'},   {'o', VK_DIVIDE, '/'},   {'n', VK_DECIMAL, '.'},
-      {'l', VK_SEPARATORE, ','}, {'X', VK_OEM_PLUS, '='},
-  };
-  for (const auto& t : tastierino) {
-    if (t.finale == finale) {
-      tasto = TastoSemplice(t.codice_virtuale, t.carattere);
+  for (const Finale& f : finali) {
+    if (f.finale == finale && (ss3 || !f.solo_ss3)) {
+      tasto = TastoSemplice(f.codice_virtuale, f.carattere);
       return true;
     }
   }

@@ -9,6 +9,7 @@
 
 #include "piattaforma/piattaforma.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/testo.h"
 
 namespace piattaforma {
 
@@ -62,30 +63,24 @@ bool EPaginaHtml(const char* file) {
 void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file) {
   if (destinazione == nullptr || dimensione == 0) return;
   destinazione[0] = 0;
-  if (file == nullptr || file[0] == 0) return;
   char f[1024];
-  if (!Cita(file, f, sizeof f)) return;
-  int scritti;
+  if (file == nullptr || file[0] == 0 || !Cita(file, f, sizeof f)) return;
   if (SessioneGrafica()) {
 #ifdef __APPLE__
     const char* apri = "open";
 #else
     const char* apri = "xdg-open";
 #endif
-    scritti =
-        std::snprintf(destinazione, dimensione, "%s %s </dev/null >/dev/null 2>&1 &", apri, f);
+    ComponiPerIntero(destinazione, dimensione, "%s %s </dev/null >/dev/null 2>&1 &", apri, f);
   } else if (EPaginaHtml(file)) {
     // A text browser reads a web page better than a pager shows its tags.
-    scritti = std::snprintf(destinazione, dimensione,
-                            "w3m %s 2>/dev/null || lynx %s 2>/dev/null || "
-                            "${PAGER:-less} %s 2>/dev/null || more %s",
-                            f, f, f, f);
+    ComponiPerIntero(destinazione, dimensione,
+                     "w3m %s 2>/dev/null || lynx %s 2>/dev/null || "
+                     "${PAGER:-less} %s 2>/dev/null || more %s",
+                     f, f, f, f);
   } else {
-    scritti =
-        std::snprintf(destinazione, dimensione, "${PAGER:-less} %s 2>/dev/null || more %s", f, f);
+    ComponiPerIntero(destinazione, dimensione, "${PAGER:-less} %s 2>/dev/null || more %s", f, f);
   }
-  // A command cut short would run something else: none at all instead.
-  if (scritti < 0 || static_cast<size_t>(scritti) >= dimensione) destinazione[0] = 0;
 }
 
 void EseguiComandoVisualizzatore(const char* comando) {

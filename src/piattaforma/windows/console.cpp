@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "piattaforma/piattaforma.h"
+#include "piattaforma/testo.h"
 
 HANDLE hStdin = nullptr;
 HANDLE hStdout = nullptr;
@@ -81,8 +82,10 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
 
 void Suona(uint32_t frequenza, uint32_t durata) {
   std::fflush(stdout);
-  // Beep refuses frequencies outside 37..32767 Hz at once; they are pauses.
-  if (frequenza < 37 || frequenza > 32767) {
+  // Frequencies above hearing are pauses: a sleep lasts the same everywhere,
+  // while Beep refuses anything outside 37..32767 Hz at once and some
+  // systems return from it early.
+  if (frequenza < 37 || frequenza > 20000) {
     Sleep(durata);
     return;
   }
@@ -98,10 +101,7 @@ DataOraUTC OraUTC() {
 }
 
 void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file) {
-  if (destinazione == nullptr || dimensione == 0) return;
-  const int scritti = std::snprintf(destinazione, dimensione, "start %s", file ? file : "");
-  // A command cut short would open something else: none at all instead.
-  if (scritti < 0 || static_cast<size_t>(scritti) >= dimensione) destinazione[0] = 0;
+  ComponiPerIntero(destinazione, dimensione, "start %s", file ? file : "");
 }
 
 void EseguiComandoVisualizzatore(const char* comando) {

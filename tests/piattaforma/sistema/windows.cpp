@@ -23,7 +23,9 @@ TEST(SistemaWindows, ManigliePresaEModoRipristinato) {
   EXPECT_EQ(hWindow, GetConsoleWindow());
   DWORD modo = 0;
   const bool console = GetConsoleMode(hStdin, &modo);
-  if (console) EXPECT_EQ(modo, 24u);
+  if (console) {
+    EXPECT_EQ(modo, 24u);
+  }
   ChiudiConsole();
   if (console) {
     GetConsoleMode(hStdin, &modo);
