@@ -1,6 +1,8 @@
 // Forsyth-Edwards Notation loader.
 #include "board/fen.h"
 
+#include <cstddef>
+
 #include "board/attacchi.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
@@ -17,7 +19,7 @@ constexpr bool FineTesto(char c) { return c == '\0' || c == ']'; }
 
 struct Campo {
   const char* inizio;
-  int lunghezza;
+  size_t lunghezza;
 };
 
 using Inserisci = void (*)(uint64_t);
@@ -38,7 +40,7 @@ int TipoDaLettera(char c) {
 
 int CaricaScacchiera(const Campo& campo) {
   uint64_t casa = 0, riga = 0;
-  for (int i = 0; i < campo.lunghezza; ++i) {
+  for (size_t i = 0; i < campo.lunghezza; ++i) {
     const char c = campo.inizio[i];
     if (casa > 63) return 0;
     if (c == '/') {
@@ -118,7 +120,7 @@ void DeduciArrocchi() {
 // The letters are trusted as given; a repeated letter toggles its key again.
 int CaricaArrocchi(const Campo& campo) {
   if (campo.lunghezza == 1 && campo.inizio[0] == '-') return 1;
-  for (int i = 0; i < campo.lunghezza; ++i) {
+  for (size_t i = 0; i < campo.lunghezza; ++i) {
     int diritto = 0;
     while (diritto < 4 && "KQkq"[diritto] != campo.inizio[i]) ++diritto;
     if (diritto == 4) return 0;
@@ -150,7 +152,7 @@ int CaricaEnpassant(const Campo& campo) {
 int CaricaSemimosse(const Campo& campo) {
   if (campo.lunghezza > 2) return 0;
   uint64_t valore = 0;
-  for (int i = 0; i < campo.lunghezza; ++i) {
+  for (size_t i = 0; i < campo.lunghezza; ++i) {
     const char c = campo.inizio[i];
     if (c < '0' || c > '9') return 0;
     valore = valore * 10 + uint64_t(c - '0');
@@ -171,7 +173,7 @@ int CaricaPosizioneDaStringaFen(const char* testo) {
   while (!FineTesto(*p) && numero < 6) {
     campi[numero].inizio = p;
     while (!FineTesto(*p) && !Spazio(*p)) ++p;
-    campi[numero].lunghezza = int(p - campi[numero].inizio);
+    campi[numero].lunghezza = size_t(p - campi[numero].inizio);
     ++numero;
     while (Spazio(*p)) ++p;
   }
