@@ -93,6 +93,8 @@ int CaricaTurno() {
   if (scacchi) return 0;
   InfoPosizione |= (primo << SHIFT_PRIMO_SCACCO) | (secondo << SHIFT_SECONDO_SCACCO);
   ContatoreMosse = TurnoIniziale;
+  // No last move, unless the en passant field supplies one; with Black to
+  // move this slot is not the one the board's emptying cleared.
   ElencoMosse[ContatoreMosse] = 0;
   return 1;
 }
