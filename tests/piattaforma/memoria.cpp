@@ -153,6 +153,7 @@ TEST_F(Memoria, TastiConsegnatiInOrdine) {
   EXPECT_EQ(letti[0].Event.KeyEvent.wRepeatCount, 1);
   EXPECT_FALSE(letti[1].Event.KeyEvent.bKeyDown);
   EXPECT_EQ(memoria::TastiInCoda(), 1u);
+  EXPECT_EQ(LeggiEventi(nullptr, 2), 0u);
   ASSERT_EQ(LeggiEventi(letti, 2), 1u);
   EXPECT_EQ(letti[0].Event.KeyEvent.wRepeatCount, 3);
   EXPECT_EQ(LeggiEventi(letti, 2), 0u);

@@ -136,6 +136,7 @@ uint32_t EventiInAttesa() { return static_cast<uint32_t>(S().eventi.size()); }
 
 uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
   uint32_t letti = 0;
+  if (eventi == nullptr) return 0;
   while (letti < massimo && !S().eventi.empty()) {
     eventi[letti++] = S().eventi.front();
     S().eventi.pop_front();

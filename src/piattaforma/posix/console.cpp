@@ -56,9 +56,6 @@ volatile sig_atomic_t segnale_ripresa = 0;
 // Self-pipe: a signal wakes the wait on the terminal without a race.
 int sveglia[2] = {-1, -1};
 
-constexpr int segnali_fatali[] = {SIGHUP,  SIGINT, SIGQUIT, SIGTERM, SIGILL,
-                                  SIGABRT, SIGBUS, SIGFPE,  SIGSEGV};
-
 void Invia(const char* testo) {
   if (testo == nullptr) return;
   std::fflush(stdout);
@@ -95,12 +92,27 @@ void AllaRipresa(int) {
   Sveglia();
 }
 
+// The dispositions found at start, put back when the terminal is given back
+// and before a fatal signal is raised again (so that a sanitizer or a core
+// dump still sees it).
+constexpr int segnali_gestiti[] = {SIGWINCH, SIGTSTP, SIGCONT, SIGHUP, SIGINT, SIGQUIT,
+                                   SIGTERM,  SIGILL,  SIGABRT, SIGBUS, SIGFPE, SIGSEGV};
+constexpr int NUMERO_SEGNALI_GESTITI = sizeof segnali_gestiti / sizeof segnali_gestiti[0];
+struct sigaction azioni_precedenti[NUMERO_SEGNALI_GESTITI];
+
+int IndiceSegnale(int segnale) {
+  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
+    if (segnali_gestiti[i] == segnale) return i;
+  return -1;
+}
+
 void AlSegnaleFatale(int segnale) {
   if (lunghezza_ripristino > 0) {
     [[maybe_unused]] const ssize_t scritti = write(STDOUT_FILENO, ripristino, lunghezza_ripristino);
   }
   if (modi_salvati) tcsetattr(STDIN_FILENO, TCSANOW, &modi_originali);
-  signal(segnale, SIG_DFL);
+  const int i = IndiceSegnale(segnale);
+  if (i >= 0) sigaction(segnale, &azioni_precedenti[i], nullptr);
   raise(segnale);
 }
 
@@ -113,15 +125,20 @@ void Installa(int segnale, void (*gestore)(int)) {
 }
 
 void InstallaGestori() {
+  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
+    sigaction(segnali_gestiti[i], nullptr, &azioni_precedenti[i]);
   Installa(SIGWINCH, AlRidimensionamento);
   Installa(SIGTSTP, AllaSospensione);
   Installa(SIGCONT, AllaRipresa);
-  for (int s : segnali_fatali) Installa(s, AlSegnaleFatale);
+  for (int i = 3; i < NUMERO_SEGNALI_GESTITI; ++i) {
+    // A signal ignored from outside (nohup) stays ignored.
+    if (azioni_precedenti[i].sa_handler != SIG_IGN) Installa(segnali_gestiti[i], AlSegnaleFatale);
+  }
 }
 
 void TogliGestori() {
-  for (int s : {SIGWINCH, SIGTSTP, SIGCONT}) signal(s, SIG_DFL);
-  for (int s : segnali_fatali) signal(s, SIG_DFL);
+  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
+    sigaction(segnali_gestiti[i], &azioni_precedenti[i], nullptr);
 }
 
 // Appends a terminfo string without its padding marks ("$<5>").
@@ -330,10 +347,21 @@ using terminale::video;
 
 void ApriConsole() {
   if (video.aperto) return;
+  // Without a terminal there is nobody to play with, and waiting on a file
+  // that is always readable would spin.
+  if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) {
+    std::fprintf(stderr, "Pendrino va avviato in un terminale.\n");
+    std::exit(1);
+  }
   // Wide characters for "Sì"; numbers keep the C locale's format.
   std::setlocale(LC_CTYPE, "");
-  if (isatty(STDIN_FILENO) && tcgetattr(STDIN_FILENO, &terminale::modi_originali) == 0)
-    terminale::modi_salvati = true;
+  terminale::modi_salvati = tcgetattr(STDIN_FILENO, &terminale::modi_originali) == 0;
+  static bool chiusura_registrata = false;
+  if (!chiusura_registrata) {
+    // Whatever way the program ends, the shell gets its terminal back.
+    std::atexit([] { ChiudiConsole(); });
+    chiusura_registrata = true;
+  }
   // Our handlers first, so that ncurses leaves these signals to us.
   if (terminale::sveglia[0] < 0 && pipe(terminale::sveglia) == 0) {
     for (int fd : terminale::sveglia) {
@@ -346,7 +374,7 @@ void ApriConsole() {
   terminale::sessione = newterm(nullptr, stdout, stdin);
   if (terminale::sessione == nullptr) {
     terminale::TogliGestori();
-    std::fprintf(stderr, "Pendrino ha bisogno di un terminale (TERM=%s).\n",
+    std::fprintf(stderr, "Pendrino non conosce questo terminale (TERM=%s).\n",
                  std::getenv("TERM") ? std::getenv("TERM") : "");
     std::exit(1);
   }

@@ -140,6 +140,7 @@ uint32_t EventiInAttesa() {
 }
 
 uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
+  if (eventi == nullptr) return 0;
   terminale::Aggiorna();
   terminale::Raccogli();
   uint32_t letti = 0;

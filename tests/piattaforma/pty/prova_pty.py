@@ -9,6 +9,7 @@ Usage: prova_pty.py <prova_terminale>"""
 import os
 import re
 import signal
+import subprocess
 import sys
 import tempfile
 import termios
@@ -144,6 +145,11 @@ def prova_tasti_e_riquadro(file_da_vedere):
     ]
     for dati, atteso, descrizione in casi:
         tasto(t, dati, atteso, descrizione)
+
+    # A key held down: one record per repeat the terminal sends.
+    prima = numero_tasti(t)
+    t.invia("ttt")
+    t.attendi(lambda: numero_tasti(t) == prima + 3, "three records for three repeats")
 
     # The sticky prefixes, each with a pause as a person would type them.
     prefissi = [
@@ -293,6 +299,12 @@ def prova_sospensione():
     t.figlio.close()
 
 
+def prova_senza_terminale():
+    esito = subprocess.run([PROGRAMMA], stdin=subprocess.DEVNULL, capture_output=True, timeout=10)
+    controlla(esito.returncode == 1, "no terminal: exit code %r" % esito.returncode)
+    controlla(b"terminale" in esito.stderr, "no terminal: said so: %r" % esito.stderr)
+
+
 def main():
     with tempfile.NamedTemporaryFile("w", suffix=".txt", delete=False) as f:
         f.write("contenuto da vedere\n")
@@ -301,6 +313,7 @@ def main():
         prova_tasti_e_riquadro(nome)
         prova_segnale_fatale()
         prova_sospensione()
+        prova_senza_terminale()
     finally:
         os.unlink(nome)
     if FALLIMENTI:
