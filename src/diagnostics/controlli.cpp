@@ -1,0 +1,189 @@
+#include "diagnostics/controlli.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "console/schermo.h"
+#include "diagnostics/stampa.h"
+#include "moves/mosse.h"
+
+RecordControlloPosizione ReportControlloPosizione;
+
+namespace {
+
+// The helpers' names are part of their report lines.
+const char* const NomeControllo[2][6] = {
+    {"ControllaPosizione_pedone_bianco", "ControllaPosizione_cavallo_bianco",
+     "ControllaPosizione_alfiere_bianco", "ControllaPosizione_torre_bianco",
+     "ControllaPosizione_donna_bianco", "ControllaPosizione_re_bianco"},
+    {"ControllaPosizione_pedone_nero", "ControllaPosizione_cavallo_nero",
+     "ControllaPosizione_alfiere_nero", "ControllaPosizione_torre_nero",
+     "ControllaPosizione_donna_nero", "ControllaPosizione_re_nero"}};
+
+// A corrupted list may hold anything; the report must still be printable.
+const char* NomeCasa(uint64_t casa) { return casa < 64 ? StringaCasa[casa] : "??"; }
+
+const char* NomeTipo(uint64_t mossa) {
+  uint64_t tipo = TipoMossa(mossa);
+  return tipo < NUMERO_TIPI_MOSSA ? StringaTipoMossa[tipo] : "??";
+}
+
+// Appends to the report, dropping what does not fit.
+[[gnu::format(printf, 1, 2)]] void AggiungiAlReport(const char* formato, ...) {
+  RecordControlloPosizione& r = ReportControlloPosizione;
+  size_t resto = sizeof r.testo - r.LunghezzaTesto;
+  if (resto <= 1) return;
+  va_list argomenti;
+  va_start(argomenti, formato);
+  int scritti = vsnprintf(r.testo + r.LunghezzaTesto, resto, formato, argomenti);
+  va_end(argomenti);
+  if (scritti > 0) r.LunghezzaTesto += uint32_t(std::min(size_t(scritti), resto - 1));
+}
+
+// Castling rights of one colour: bit in InfoPosizione and its key.
+struct DirittoArrocco {
+  uint64_t bit, chiave;
+};
+constexpr DirittoArrocco DirittiArrocco[2][2] = {
+    {{ARROCCO_CORTO_BIANCO, HASH_ARROCCO_CORTO_BIANCO},
+     {ARROCCO_LUNGO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO}},
+    {{ARROCCO_CORTO_NERO, HASH_ARROCCO_CORTO_NERO}, {ARROCCO_LUNGO_NERO, HASH_ARROCCO_LUNGO_NERO}}};
+
+// The keys of the four piece moves of a castling, as make-move uses them.
+struct ChiaveArrocco {
+  Colore colore;
+  uint64_t re_da, re_a, torre_da, torre_a, attesa;
+  const char* etichetta;
+};
+constexpr ChiaveArrocco ChiaviArrocco[4] = {
+    {BIANCO, 60, 62, 63, 61, 0x3aa3e0b15d7a91b6ull, "errore11"},
+    {BIANCO, 60, 58, 56, 59, 0x7d94c8673fc52b60ull, "errore12"},
+    {NERO, 4, 6, 7, 5, 0xecfe612e1daf5aaeull, "errore13"},
+    {NERO, 4, 2, 0, 3, 0xd11f82d3411bd340ull, "errore14"}};
+
+}  // namespace
+
+void ControllaChiaviHash() {
+  const uint64_t* bianco = hash_pedone_bianco_in;
+  const uint64_t* nero = hash_pedone_nero_in;
+  for (int t = 32; t <= 39; ++t) {
+    if (HashSpostaPedone2In[t] != (bianco[t] ^ bianco[t + 16])) puts("errore1");
+    if (HashCatturaEnpassantIn[t] != (nero[t + 8] ^ bianco[t])) puts("errore2");
+  }
+  for (int t = 24; t <= 31; ++t) {
+    if (HashSpostaPedone2In[t] != (nero[t] ^ nero[t - 16])) puts("errore3");
+    if (HashCatturaEnpassantIn[t] != (bianco[t - 8] ^ nero[t])) puts("errore4");
+  }
+  for (int t = 8; t <= 47; ++t)
+    if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) puts("errore5");
+  for (int t = 16; t <= 55; ++t)
+    if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) puts("errore6");
+  for (const ChiaveArrocco& a : ChiaviArrocco) {
+    const uint64_t* re = hash_in[a.colore][RE];
+    const uint64_t* torre = hash_in[a.colore][TORRE];
+    if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
+      puts(a.etichetta);
+  }
+}
+
+template <Colore C, TipoPezzo K>
+void ControllaPosizione_pezzo() {
+  RecordControlloPosizione& r = ReportControlloPosizione;
+  const char* nome = NomeControllo[C][K];
+  if constexpr (K == RE) {
+    constexpr uint64_t codice = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
+    uint64_t casa = casa_re[C];
+    if (PezzoIn[std::min<uint64_t>(casa, 64)] != codice)
+      AggiungiAlReport("(PezzoIn[CasaMioRe] != MioRe) - %s in %s\n", nome, NomeCasa(casa));
+    if (casa >= 64 || !(btm_colore[C] & (1ull << casa)))
+      AggiungiAlReport("(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) %s in %s\n", nome, NomeCasa(casa));
+    if (casa < 64) {
+      r.ChiaveRicalcolata ^= hash_in[C][RE][casa];
+      r.CaseViste ^= 1ull << casa;
+    }
+    for (const DirittoArrocco& d : DirittiArrocco[C])
+      if (InfoPosizione & d.bit) r.ChiaveRicalcolata ^= d.chiave;
+  } else {
+    const uint64_t* lista = casa_di<K>(C);
+    uint64_t n = NumeroPezzi(materiale[C], K);
+    if (n > uint64_t(CapienzaLista[K])) {
+      AggiungiAlReport("(NumeroPezzi > CapienzaLista) %s\n", nome);
+      n = CapienzaLista[K];
+    }
+    uint64_t insieme = 0, ultima = 0;
+    for (uint64_t i = 0; i < n; ++i) {
+      uint64_t casa = lista[i];
+      ultima = casa;
+      if (casa >= 64) {
+        AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
+        continue;
+      }
+      insieme |= 1ull << casa;
+      if (PezzoIn[casa] != ((uint64_t(K) << 5) | (uint64_t(C) << 4) | i))
+        AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
+      uint64_t chiave = hash_in[C][K][casa];
+      r.ChiaveRicalcolata ^= chiave;
+      r.CaseViste ^= 1ull << casa;
+      if constexpr (K == PEDONE) r.HashPedoniRicalcolata ^= chiave;
+    }
+    if (btm_pezzi[C][K] != insieme)
+      AggiungiAlReport("(BitmapMioPezzo != btm) %s in %s\n", nome, NomeCasa(ultima));
+    if ((btm_colore[C] & insieme) != insieme)
+      AggiungiAlReport("((BitmapMieiPezzi&btm) != btm) %s in %s\n", nome, NomeCasa(ultima));
+  }
+}
+
+void ControllaPosizione_pedone_bianco() { ControllaPosizione_pezzo<BIANCO, PEDONE>(); }
+void ControllaPosizione_cavallo_bianco() { ControllaPosizione_pezzo<BIANCO, CAVALLO>(); }
+void ControllaPosizione_alfiere_bianco() { ControllaPosizione_pezzo<BIANCO, ALFIERE>(); }
+void ControllaPosizione_torre_bianco() { ControllaPosizione_pezzo<BIANCO, TORRE>(); }
+void ControllaPosizione_donna_bianco() { ControllaPosizione_pezzo<BIANCO, DONNA>(); }
+void ControllaPosizione_re_bianco() { ControllaPosizione_pezzo<BIANCO, RE>(); }
+void ControllaPosizione_pedone_nero() { ControllaPosizione_pezzo<NERO, PEDONE>(); }
+void ControllaPosizione_cavallo_nero() { ControllaPosizione_pezzo<NERO, CAVALLO>(); }
+void ControllaPosizione_alfiere_nero() { ControllaPosizione_pezzo<NERO, ALFIERE>(); }
+void ControllaPosizione_torre_nero() { ControllaPosizione_pezzo<NERO, TORRE>(); }
+void ControllaPosizione_donna_nero() { ControllaPosizione_pezzo<NERO, DONNA>(); }
+void ControllaPosizione_re_nero() { ControllaPosizione_pezzo<NERO, RE>(); }
+
+void ControllaPosizione(int dopo_ritira) {
+  RecordControlloPosizione& r = ReportControlloPosizione;
+  memset(&r, 0, sizeof r);
+  ControllaPosizione_pedone_bianco();
+  ControllaPosizione_cavallo_bianco();
+  ControllaPosizione_alfiere_bianco();
+  ControllaPosizione_torre_bianco();
+  ControllaPosizione_donna_bianco();
+  ControllaPosizione_re_bianco();
+  ControllaPosizione_pedone_nero();
+  ControllaPosizione_cavallo_nero();
+  ControllaPosizione_alfiere_nero();
+  ControllaPosizione_torre_nero();
+  ControllaPosizione_donna_nero();
+  ControllaPosizione_re_nero();
+
+  // The permission's key belongs to the pawn that has just made its double
+  // step.
+  if ((InfoPosizione & PERMESSO_ENPASSANT) && ContatoreMosse < MAX_SEMIMOSSE)
+    r.ChiaveRicalcolata ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+
+  if (r.ChiaveRicalcolata != ChiaveHash) AggiungiAlReport("chiave hash scorretta\n");
+  if (r.HashPedoniRicalcolata != HashPedoni) AggiungiAlReport("hash pedoni scorretta\n");
+  for (uint64_t casa = 0; casa < 64; ++casa)
+    if (!(r.CaseViste & (1ull << casa)) && PezzoIn[casa] != CASA_VUOTA)
+      AggiungiAlReport("nella casa %s non dovrebbe esserci %d\n", StringaCasa[casa],
+                       int(PezzoIn[casa] >> 5));
+
+  if (r.LunghezzaTesto == 0) return;
+  printf("Errore!\n %s\n", r.testo);
+  // After an unmake the move just taken back lies one entry beyond the counter.
+  uint64_t semimossa = dopo_ritira ? ContatoreMosse + 1 : ContatoreMosse;
+  printf(dopo_ritira ? "DopoRitiraMossa %d " : "DopoFaiLaMossa %d ", int(semimossa));
+  uint64_t mossa = semimossa < MAX_SEMIMOSSE ? ElencoMosse[semimossa] : MOSSA_NULLA;
+  printf("%s, %s%s\n", NomeTipo(mossa), StringaCasa[OrigineMossa(mossa)],
+         StringaCasa[DestinazioneMossa(mossa)]);
+  fflush(stdout);
+  StampaScacchiera();
+}

@@ -1,0 +1,24 @@
+// Walks of the generator and of the make and unmake families from the current
+// position: test_del_* runs the position self-check after every make and every
+// unmake and stops at the first report; TestVelocita_del_* walks the same way
+// without checks and counts the positions entered in PosizioniValutate.
+//
+// Every level generates into the one shared BufferMosseGenerate and re-reads
+// FineMosseGenerate as it goes, so after a deeper call the outer level goes on
+// over what the inner level left there: only depth 1 visits exactly the moves
+// of the position. Exact counts at any depth come from the perft walk.
+#pragma once
+
+#include <cstdint>
+
+#include "board/posizione.h"
+
+// Grows by one on every entry into TestVelocita_del_*, leaves included; the
+// caller zeroes it before a run.
+extern uint64_t PosizioniValutate;
+
+// The caller picks the function of the side to move (parity of ContatoreMosse).
+void test_del_bianco(uint32_t profondita);
+void test_del_nero(uint32_t profondita);
+void TestVelocita_del_bianco(uint32_t profondita);
+void TestVelocita_del_nero(uint32_t profondita);
