@@ -1,0 +1,132 @@
+#include "diagnostics/percorsi.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "aiuti_diagnostica.h"
+#include "board/fen.h"
+#include "diagnostics/controlli.h"
+#include "moves/mosse.h"
+#include "piattaforma/memoria/memoria.h"
+
+namespace {
+
+void Percorri(uint32_t profondita) {
+  (ContatoreMosse & 1 ? TestVelocita_del_nero : TestVelocita_del_bianco)(profondita);
+}
+
+class Percorsi : public testing::Test {
+ protected:
+  void SetUp() override {
+    memoria::Azzera();
+    PosizioniValutate = 0;
+  }
+};
+
+TEST_F(Percorsi, ProfonditaZeroContaSoloSeStesso) {
+  ASSERT_TRUE(CaricaFen(FenIniziale));
+  std::fill(std::begin(BufferMosseGenerate), std::end(BufferMosseGenerate), 0x5A5Aull);
+  FineMosseGenerate = BufferMosseGenerate + 3;
+  TestVelocita_del_bianco(0);
+  EXPECT_EQ(PosizioniValutate, 1u);
+  TestVelocita_del_nero(0);
+  EXPECT_EQ(PosizioniValutate, 2u);
+  // Nothing was generated: buffer and end pointer are as they were.
+  EXPECT_EQ(FineMosseGenerate, BufferMosseGenerate + 3);
+  EXPECT_TRUE(std::all_of(std::begin(BufferMosseGenerate), std::end(BufferMosseGenerate),
+                          [](uint64_t m) { return m == 0x5A5Aull; }));
+
+  // The self-checking walk neither generates nor checks at depth 0.
+  ReportControlloPosizione.LunghezzaTesto = 7;
+  test_del_bianco(0);
+  test_del_nero(0);
+  EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 7u);
+  EXPECT_EQ(FineMosseGenerate, BufferMosseGenerate + 3);
+  EXPECT_EQ(PosizioniValutate, 2u);
+}
+
+TEST_F(Percorsi, ProfonditaUnoDallaPosizioneIniziale) {
+  ASSERT_TRUE(CaricaFen(FenIniziale));
+  const Istantanea prima = Fotografa();
+  uint64_t pezzi[65];
+  std::memcpy(pezzi, PezzoIn, sizeof pezzi);
+  TestVelocita_del_bianco(1);
+  EXPECT_EQ(PosizioniValutate, 1u + 20u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+  EXPECT_EQ(std::memcmp(pezzi, PezzoIn, sizeof pezzi), 0);
+  EXPECT_EQ(FineMosseGenerate - BufferMosseGenerate, 22);
+}
+
+TEST_F(Percorsi, IlContatoreNonSiAzzera) {
+  ASSERT_TRUE(CaricaFen("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR b KQkq - 0 1"));
+  PosizioniValutate = 100;
+  TestVelocita_del_nero(1);
+  EXPECT_EQ(PosizioniValutate, 100u + 1u + 20u);
+}
+
+TEST_F(Percorsi, ProfonditaUnoContaLeMosseLegali) {
+  for (const RigaPerft& r : LeggiTabellaPerft(TabellaRiferimento)) {
+    if (r.profondita != 1) continue;
+    SCOPED_TRACE(r.nome);
+    ASSERT_TRUE(CaricaFen(r.fen));
+    const Istantanea prima = Fotografa();
+    PosizioniValutate = 0;
+    Percorri(1);
+    EXPECT_EQ(PosizioniValutate, 1 + r.nodi);
+    EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+  }
+}
+
+TEST_F(Percorsi, MossaRifiutataSaltata) {
+  // The e2 knight is pinned: its six moves are refused, the four king steps
+  // (d1, f1, d2, f2) are made.
+  ASSERT_TRUE(CaricaFen("k3r3/8/8/8/8/8/4N3/4K3 w - - 0 1"));
+  const Istantanea prima = Fotografa();
+  TestVelocita_del_bianco(1);
+  EXPECT_EQ(PosizioniValutate, 1u + 4u);
+  EXPECT_EQ(FineMosseGenerate - BufferMosseGenerate, 10);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+
+  testing::internal::CaptureStdout();
+  test_del_bianco(1);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+}
+
+TEST_F(Percorsi, AutocontrolloProfonditaUnoSenzaReport) {
+  for (const char* fen : {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1",
+                          "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1",
+                          "r2q1rk1/pP1p2pp/Q4n2/bbp1p3/Np6/1B3NBn/pPPP1PPP/R3K2R b KQ - 0 1",
+                          "rnbq1k1r/pp1Pbppp/2p5/8/2B5/8/PPP1NnPP/RNBQK2R w KQ - 1 8"}) {
+    SCOPED_TRACE(fen);
+    ASSERT_TRUE(CaricaFen(fen));
+    const Istantanea prima = Fotografa();
+    testing::internal::CaptureStdout();
+    (ContatoreMosse & 1 ? test_del_nero : test_del_bianco)(1);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
+    EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+  }
+}
+
+TEST_F(Percorsi, AutocontrolloSiFermaAlPrimoReport) {
+  // Kiwipete: White's queen-side castling keeps its right keys, the first
+  // report of the walk; the position stays as it was after that make.
+  ASSERT_TRUE(CaricaFen("r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1"));
+  testing::internal::CaptureStdout();
+  test_del_bianco(1);
+  const std::string stampato = testing::internal::GetCapturedStdout();
+  EXPECT_EQ(std::string(ReportControlloPosizione.testo), "chiave hash scorretta\n");
+  EXPECT_EQ(ContatoreMosse, 1u);
+  EXPECT_EQ(ElencoMosse[1], MOSSA_O_O_O_BIANCO);
+  EXPECT_EQ(casa_re_bianco, 58u);
+  EXPECT_EQ(stampato,
+            "Errore!\n chiave hash scorretta\n\nDopoFaiLaMossa 1 "
+            "arrocco lungo, e1c1\n");
+}
+
+}  // namespace
