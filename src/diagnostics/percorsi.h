@@ -3,10 +3,12 @@
 // unmake and stops at the first report; TestVelocita_del_* walks the same way
 // without checks and counts the positions entered in PosizioniValutate.
 //
-// Every level generates into the one shared BufferMosseGenerate and re-reads
-// FineMosseGenerate as it goes, so after a deeper call the outer level goes on
-// over what the inner level left there: only depth 1 visits exactly the moves
-// of the position. Exact counts at any depth come from the perft walk.
+// All levels share the one BufferMosseGenerate: each level writes its moves
+// after those of the level above it and gives the space back on return. A
+// level that might not fit in the space left is counted but not expanded, so
+// walks are exact while the buffer holds every level (depth 1 always, depths
+// 2 and 3 in ordinary positions) and grow inexact beyond, never writing past the buffer. Exact
+// counts at any depth come from the perft walk.
 #pragma once
 
 #include <cstdint>

@@ -129,4 +129,52 @@ TEST_F(Percorsi, AutocontrolloSiFermaAlPrimoReport) {
             "arrocco lungo, e1c1\n");
 }
 
+TEST_F(Percorsi, ProfonditaDueETreEsatteDallaPosizioneIniziale) {
+  ASSERT_TRUE(CaricaFen(FenIniziale));
+  const Istantanea prima = Fotografa();
+  TestVelocita_del_bianco(2);
+  EXPECT_EQ(PosizioniValutate, 1u + 20u + 400u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+  // The first level's candidates are what the buffer holds afterwards.
+  EXPECT_EQ(FineMosseGenerate - BufferMosseGenerate, 22);
+  PosizioniValutate = 0;
+  TestVelocita_del_bianco(3);
+  EXPECT_EQ(PosizioniValutate, 1u + 20u + 400u + 8902u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+
+  testing::internal::CaptureStdout();
+  test_del_bianco(2);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+}
+
+TEST_F(Percorsi, ProfonditaDueEsattaSuiRiferimenti) {
+  for (const RigaPerft& r : LeggiTabellaPerft(TabellaRiferimento)) {
+    if (r.profondita != 2) continue;
+    SCOPED_TRACE(r.nome);
+    ASSERT_TRUE(CaricaFen(r.fen));
+    PosizioniValutate = 0;
+    Percorri(1);
+    const uint64_t primo_livello = PosizioniValutate - 1;
+    PosizioniValutate = 0;
+    Percorri(2);
+    EXPECT_EQ(PosizioniValutate, 1 + primo_livello + r.nodi);
+  }
+}
+
+TEST_F(Percorsi, UnPercorsoProfondoNonEsceDalBuffer) {
+  // Kiwipete's levels cannot all fit in the buffer at depth 5: the deep levels
+  // are counted without being expanded, and nothing is written past the end
+  // (the sanitizers watch the buffer's bounds).
+  ASSERT_TRUE(CaricaFen("r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1"));
+  const Istantanea prima = Fotografa();
+  const auto candidati = genera_TutteLeMosse_del_bianco(BufferMosseGenerate) - BufferMosseGenerate;
+  TestVelocita_del_bianco(5);
+  // The third level would not surely fit after Kiwipete's 48 moves and a reply list.
+  EXPECT_EQ(PosizioniValutate, 1u + 48u + 2039u);
+  EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+  EXPECT_EQ(FineMosseGenerate - BufferMosseGenerate, candidati);
+}
+
 }  // namespace
