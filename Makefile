@@ -12,6 +12,7 @@
 
 SHELL := /bin/bash
 .SHELLFLAGS := -eo pipefail -c
+MAKEFLAGS += --no-print-directory
 JOBS ?= 2
 INSTALLA := scripts/installa_dipendenze.sh
 SORGENTI := src tests tools bench fuzz
@@ -38,8 +39,8 @@ run:
 
 test:
 	@$(INSTALLA) test
-	@$(MAKE) --no-print-directory test-native
-	@$(MAKE) --no-print-directory test-windows
+	@$(MAKE) test-native
+	@$(MAKE) test-windows
 
 test-native:
 	@$(INSTALLA) test
