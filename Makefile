@@ -5,7 +5,7 @@
 #                and its unit tests under wine
 #   make bench   benchmarks
 #   make fuzz    the FEN loader fuzzer (clang), FUZZ_SECONDI=60
-#   make format  clang-format on every source file
+#   make format  clang-format on every source file (format-check: only list)
 #   make clean   removes build/
 #
 # Every target first installs what it is missing (scripts/installa_dipendenze.sh).
@@ -16,6 +16,7 @@ MAKEFLAGS += --no-print-directory
 JOBS ?= 2
 INSTALLA := scripts/installa_dipendenze.sh
 SORGENTI := src tests tools bench fuzz
+TROVA_SORGENTI := find $(wildcard $(SORGENTI)) \( -name '*.cpp' -o -name '*.h' \) -print0
 
 # Homebrew keeps ncurses out of the default search paths.
 ifeq ($(shell uname -s),Darwin)
@@ -84,12 +85,11 @@ fuzz:
 
 format:
 	@$(INSTALLA) format
-	find $(wildcard $(SORGENTI)) \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format -i
+	$(TROVA_SORGENTI) | xargs -0 -r clang-format -i
 
 format-check:
 	@$(INSTALLA) format
-	find $(wildcard $(SORGENTI)) \( -name '*.cpp' -o -name '*.h' \) -print0 | \
-	  xargs -0 -r clang-format --dry-run --Werror
+	$(TROVA_SORGENTI) | xargs -0 -r clang-format --dry-run --Werror
 
 clean:
 	rm -rf build
