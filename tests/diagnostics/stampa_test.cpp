@@ -103,8 +103,9 @@ class InCartellaTemporanea : public testing::Test {
   std::filesystem::path prima_, cartella_;
 };
 
+// Read as text: on Windows the file has the system's line ends.
 std::string Leggi(const char* nome) {
-  std::ifstream file(nome, std::ios::binary);
+  std::ifstream file(nome);
   std::stringstream testo;
   testo << file.rdbuf();
   return testo.str();
