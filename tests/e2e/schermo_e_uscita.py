@@ -134,6 +134,15 @@ def prova(binario, terminale):
                 controlla(t.fotografia() == prima, f"the screen changed after Annulla ({nome})",
                           errori)
 
+            # Typed ahead: the answer sent together with the keys that open
+            # the box answers it; it must not stay open, nor reach the
+            # command field afterwards.
+            t.invia(modi[0][1][0] + b"a")
+            t.quiete(1.0)
+            controlla(not t.contiene(DOMANDA), "a typed-ahead Annulla left the box open", errori)
+            controlla(t.fotografia() == prima, "the screen changed after a typed-ahead Annulla",
+                      errori)
+
             apri_domanda(t, modi[0][1])
             controlla_domanda(t, errori)
             inizio_uscita = len(t.ricevuto)

@@ -89,6 +89,10 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   terminale::StatoDecodifica stato;
   stato.prefissi_attivi = false;
   int risposta = 0;
+  // Keys typed ahead of the box answer it first.
+  INPUT_RECORD in_anticipo;
+  while (risposta == 0 && !video.troppo_piccolo && terminale::PrendiDallaCoda(in_anticipo))
+    risposta = terminale::RispostaDaTasto(stile, in_anticipo);
   while (risposta == 0) {
     if (terminale::AttendiTerminale(-1) == terminale::Attesa::Chiuso) {
       risposta = RispostaPredefinita(stile);

@@ -127,6 +127,14 @@ void Raccogli() {
 
 }  // namespace
 
+bool PrendiDallaCoda(INPUT_RECORD& evento) {
+  if (eventi_in_coda == 0) return false;
+  evento = coda[testa_coda];
+  testa_coda = (testa_coda + 1) % CAPIENZA_CODA;
+  --eventi_in_coda;
+  return true;
+}
+
 }  // namespace piattaforma::terminale
 
 namespace piattaforma {
@@ -139,17 +147,14 @@ uint32_t EventiInAttesa() {
   return static_cast<uint32_t>(eventi_in_coda);
 }
 
+// One key per read: a key typed ahead of a message box stays queued, so the
+// box that the key before it opens finds it and takes it as its answer, as
+// the user meant. The loop asks again at once for the rest.
 uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
-  if (eventi == nullptr) return 0;
+  if (eventi == nullptr || massimo == 0) return 0;
   terminale::Aggiorna();
   terminale::Raccogli();
-  uint32_t letti = 0;
-  while (letti < massimo && eventi_in_coda > 0) {
-    eventi[letti++] = terminale::coda[terminale::testa_coda];
-    terminale::testa_coda = (terminale::testa_coda + 1) % terminale::CAPIENZA_CODA;
-    --eventi_in_coda;
-  }
-  return letti;
+  return terminale::PrendiDallaCoda(eventi[0]) ? 1 : 0;
 }
 
 void AttendiEventi(int64_t millisecondi) {

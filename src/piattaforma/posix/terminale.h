@@ -45,6 +45,8 @@ Attesa AttendiTerminale(int64_t millisecondi);
 // One unit of input read without waiting and decoded with `stato`; false when
 // nothing was waiting. A prefix sounds its tone and Ctrl+Z suspends here.
 bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento);
+// The oldest key record decoded but not yet handed to the program.
+bool PrendiDallaCoda(INPUT_RECORD& evento);
 // Teaches ncurses the extended key sequences.
 void DefinisciSequenze();
 
