@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "board/posizione.h"
+#include "comune/istantanea.h"
 
 // Empties the board and loads `fen`; false when the loader rejects it.
 bool CaricaFen(const std::string& fen);
@@ -26,23 +27,6 @@ std::vector<std::string> FenDistinte(const std::vector<RigaPerft>& righe);
 inline const std::string TabellaRiferimento =
     std::string(PENDRINO_DATI_CONDIVISI) + "/perft-reference.tsv";
 inline const std::string TabellaExtra = std::string(PENDRINO_DATI_TEST) + "/perft-extra.tsv";
-
-// Every global of the position, with square lists as sorted sets and piece
-// codes without their slot bits (an unmake may reorder the lists).
-struct Istantanea {
-  uint64_t pezzi[2][5];
-  uint64_t colore[2];
-  uint64_t occupazione;
-  uint64_t tipo_in[65];
-  std::vector<uint64_t> liste[2][5];
-  uint64_t re[2];
-  uint64_t materiale[2];
-  uint64_t info, chiave, pedoni, contatore;
-  bool operator==(const Istantanea&) const = default;
-};
-Istantanea Fotografa();
-// Names of the fields that differ, for failure messages.
-std::string Differenze(const Istantanea& prima, const Istantanea& dopo);
 
 // The four check states of the generators, read from InfoPosizione.
 enum StatoScacco { NESSUNO_SCACCO_STATO, SCACCO_PRIMO, SCACCO_SECONDO, SCACCO_DOPPIO };

@@ -20,21 +20,6 @@ void InizializzaUnaVolta() {
 
 bool ToccaAlNero() { return ContatoreMosse & 1; }
 
-const uint64_t* Lista(int c, int k) {
-  switch (k) {
-    case PEDONE:
-      return casa_pedone[c];
-    case CAVALLO:
-      return casa_cavallo[c];
-    case ALFIERE:
-      return casa_alfiere[c];
-    case TORRE:
-      return casa_torre[c];
-    default:
-      return casa_donna[c];
-  }
-}
-
 }  // namespace
 
 bool Carica(const char* fen) {
@@ -90,30 +75,6 @@ std::vector<uint64_t> Legali() {
   return legali;
 }
 
-Istantanea Fotografa() {
-  Istantanea f{};
-  for (int c = 0; c < 2; ++c) {
-    for (int k = 0; k < 5; ++k) {
-      f.pezzi[c][k] = btm_pezzi[c][k];
-      const uint64_t* lista = Lista(c, k);
-      const uint64_t n = NumeroPezzi(materiale[c], k);
-      f.liste[c][k].assign(lista, lista + std::min<uint64_t>(n, CapienzaLista[k]));
-      std::sort(f.liste[c][k].begin(), f.liste[c][k].end());
-    }
-    f.colore[c] = btm_colore[c];
-    f.re[c] = casa_re[c];
-    f.materiale[c] = materiale[c];
-  }
-  f.occupazione = btm_occupazione;
-  for (int s = 0; s < 65; ++s)
-    f.codici[s] = PezzoIn[s] == CASA_VUOTA ? CASA_VUOTA : PezzoIn[s] & 0xF0;
-  f.info = InfoPosizione;
-  f.chiave = ChiaveHash;
-  f.pedoni = HashPedoni;
-  f.contatore = ContatoreMosse;
-  return f;
-}
-
 uint64_t ChiaveDaZero() {
   uint64_t chiave = 0;
   for (int s = 0; s < 64; ++s)
@@ -166,7 +127,7 @@ std::string ControllaCoerenza() {
   uint64_t viste[2] = {0, 0};
   for (int c = 0; c < 2; ++c) {
     for (int k = 0; k < 5; ++k) {
-      const uint64_t* lista = Lista(c, k);
+      const uint64_t* lista = ListaDi(c, k);
       const uint64_t n = NumeroPezzi(materiale[c], k);
       if (n > uint64_t(CapienzaLista[k])) {
         errori += "count over capacity; ";

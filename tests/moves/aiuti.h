@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "board/posizione.h"
+#include "comune/istantanea.h"
 
 // Square number from its name, "a8" = 0 ... "h1" = 63.
 constexpr uint64_t Casa(const char* nome) {
@@ -36,21 +37,6 @@ std::string Coordinate(uint64_t mossa);
 
 // The legal moves: the candidates whose make succeeds.
 std::vector<uint64_t> Legali();
-
-// Every position global; square lists as sorted sets and piece codes without
-// their slot bits, since a make and unmake may reorder the lists.
-struct Istantanea {
-  uint64_t pezzi[2][5];
-  uint64_t colore[2];
-  uint64_t occupazione;
-  std::array<uint64_t, 65> codici;
-  std::vector<uint64_t> liste[2][5];
-  uint64_t re[2];
-  uint64_t materiale[2];
-  uint64_t info, chiave, pedoni, contatore;
-  bool operator==(const Istantanea&) const = default;
-};
-Istantanea Fotografa();
 
 uint64_t ChiaveDaZero();      // ChiaveHash as the position's contents give it
 uint64_t HashPedoniDaZero();  // HashPedoni likewise
