@@ -196,6 +196,17 @@ TEST(Fen, ReAccostatiSonoRifiutati) {
   EXPECT_EQ(Carica("8/8/8/8/8/8/6k1/4K3 w - - 0 1"), 1);
 }
 
+TEST(Fen, ReSullaStessaCasaSonoRifiutati) {
+  // Only the distance rule sees kings on one square: a king does not attack
+  // its own square, so the check rules let such a text through.
+  EXPECT_EQ(Carica("8/8/8/8/8/8/8/8 w - - 0 1", Casa("e4"), Casa("e4")), 0);
+  EXPECT_EQ(Carica("8/8/8/8/8/8/8/8 b - - 0 1", Casa("a8"), Casa("a8")), 0);
+  EXPECT_EQ(Carica("8/8/8/8/8/8/8/4K3 w - - 0 1", 60, Casa("e1")), 0);
+  EXPECT_EQ(Carica("4k3/8/8/8/8/8/8/8 b - - 0 1", Casa("e8"), 4), 0);
+  EXPECT_EQ(Carica("8/8/8/8/8/8/8/4K3 w - - 0 1", 60, Casa("e3")), 1);
+  EXPECT_EQ(Carica("8/8/8/8/8/8/8/8 w - - 0 1", Casa("e4"), Casa("e6")), 1);
+}
+
 TEST(Fen, IlLatoCheNonMuoveNonPuoEssereSottoScacco) {
   EXPECT_EQ(Carica("4k3/8/8/8/8/8/8/4RK2 w - - 0 1"), 0);
   EXPECT_EQ(Carica("4k3/8/8/8/8/8/8/4RK2 b - - 0 1"), 1);
