@@ -146,6 +146,36 @@ TEST_F(Avvio, CtrlConUnTastoNonInTabellaNonScriveNulla) {
   EXPECT_TRUE(memoria::Finestre().empty());
 }
 
+TEST_F(Avvio, ISimboliDeiTastiDelCampoPassanoPerIlFiltro) {
+  // Shifted digits of a national layout: '+' and ':' are kept, '/' and a
+  // Latin-1 pound sign are dropped without a sound.
+  memoria::AccodaTasto('1', SHIFT_PRESSED, '+');
+  memoria::AccodaTasto('3', SHIFT_PRESSED, static_cast<char>(0xA3));
+  memoria::AccodaTasto('7', SHIFT_PRESSED, '/');
+  memoria::AccodaTasto(VK_NUMPAD0 + 1, NUMLOCK_ON, '1');
+  memoria::AccodaTasto('0', SHIFT_PRESSED, ':');
+  TurnoCiclo();
+  EXPECT_EQ(CampoComando(), "+1:     ");
+  EXPECT_EQ(std::string(comando, CharatteriInComando), "+1:");
+  EXPECT_EQ(memoria::Toni().size(), 3u);
+  EXPECT_TRUE(memoria::Finestre().empty());
+}
+
+TEST_F(Avvio, AltGrConUnTastoDelCampoNonScrive) {
+  // AltGr is Ctrl and Alt: its characters never reach the field.
+  constexpr DWORD ALT_GR = RIGHT_ALT_PRESSED | LEFT_CTRL_PRESSED;
+  memoria::AccodaTasto('Q', ALT_GR, '@');
+  memoria::AccodaTasto('E', ALT_GR, static_cast<char>(0x80));
+  memoria::AccodaTasto('8', ALT_GR, '[');
+  memoria::AccodaTasto('0', ALT_GR | SHIFT_PRESSED, '}');
+  const std::string prima = Schermo();
+  TurnoCiclo();
+  EXPECT_EQ(CharatteriInComando, 0u);
+  EXPECT_EQ(Schermo(), prima);
+  EXPECT_TRUE(memoria::Toni().empty());
+  EXPECT_TRUE(memoria::Finestre().empty());
+}
+
 TEST_F(Avvio, AltConUnaLetteraNonScrive) {
   memoria::AccodaTasto('E', LEFT_ALT_PRESSED, 'e');
   memoria::AccodaTasto('4', LEFT_ALT_PRESSED, '4');

@@ -76,6 +76,20 @@ TEST_F(Schermo, IntestazioneDimensionaLaFinestraEScriveLInsegnaSoloATratti) {
   EXPECT_EQ(lettere, 8);
 }
 
+TEST_F(Schermo, LInsegnaIniziaAllaColonnaQuindici) {
+  DisegnaIntestazione();
+  // The first letter's strokes stand at column 15, none of the banner before.
+  bool in_quindici = false;
+  for (int y = 4; y <= 8; ++y) {
+    for (int x = 13; x < 15; ++x) EXPECT_EQ(memoria::Cella(x, y), ' ') << x << " " << y;
+    in_quindici |= memoria::Cella(15, y) != ' ';
+  }
+  EXPECT_TRUE(in_quindici);
+  // Nothing of the banner above or below its five lines.
+  for (int y : {3, 9, 10})
+    EXPECT_EQ(memoria::Riga(y).substr(15), std::string(80 - 15, ' ')) << "line " << y;
+}
+
 TEST_F(Schermo, IntestazioneCentraLeDueRigheNelleSessantaquattroColonne) {
   DisegnaIntestazione();
   const std::string riga11 = memoria::Riga(11);
