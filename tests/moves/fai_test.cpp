@@ -18,7 +18,8 @@ namespace {
 struct Grezzo {
   uint64_t pezzo_in[65], pedoni[2][8], cavalli[2][10], alfieri[2][10], torri[2][10], donne[2][9];
   uint64_t pezzi[2][5], colore[2], re[2], materiale[2];
-  uint64_t occupazione, info, chiave, hash_pedoni, contatore, ultima;
+  uint64_t occupazione, info, chiave, hash_pedoni, contatore, ultima, successiva;
+  uint64_t salvate[3];
 };
 Grezzo FotografaGrezzo() {
   Grezzo g;
@@ -38,6 +39,10 @@ Grezzo FotografaGrezzo() {
   g.hash_pedoni = HashPedoni;
   g.contatore = ContatoreMosse;
   g.ultima = ElencoMosse[ContatoreMosse];
+  g.successiva = ElencoMosse[ContatoreMosse + 1];
+  g.salvate[0] = backup_ChiaveHash[ContatoreMosse];
+  g.salvate[1] = backup_HashPedoni[ContatoreMosse];
+  g.salvate[2] = backup_InfoPosizione[ContatoreMosse];
   return g;
 }
 bool operator==(const Grezzo& a, const Grezzo& b) { return std::memcmp(&a, &b, sizeof a) == 0; }
@@ -301,6 +306,56 @@ TEST(FaiMossa, ContatoreSemimosseSiFermaA127) {
   ASSERT_TRUE(Carica("4k3/8/8/8/8/8/4P3/4K3 w - - 50 1"));
   FaiEControlla("e2e3");
   EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+}
+
+TEST(FaiMossa, PromozioneConCatturaSullaDiagonaleUnSoloScacco) {
+  // c7xd8 lands on the diagonal d8-c7-b6-a5 that runs through its origin: the
+  // new piece checks directly and is not also taken for a discovered checker,
+  // so the knight may interpose on b6.
+  for (const char* mossa : {"c7d8q", "c7d8b"}) {
+    CampiDopo("n2r4/2P5/8/k7/8/8/8/4K3 w - - 0 1", mossa, Casa("d8"), NESSUNA_CASA);
+    ASSERT_NE(Trova("a8b6"), 0u) << mossa;
+    EXPECT_EQ(Fai(Trova("a8b6")), 1) << mossa;
+  }
+  // Black's mirror: c2xd1 on the diagonal d1-c2-b3-a4, the knight a1 to b3.
+  for (const char* mossa : {"c2d1q", "c2d1b"}) {
+    CampiDopo("4k3/8/8/8/K7/8/2p5/N2R4 b - - 0 1", mossa, Casa("d1"), NESSUNA_CASA);
+    ASSERT_NE(Trova("a1b3"), 0u) << mossa;
+    EXPECT_EQ(Fai(Trova("a1b3")), 1) << mossa;
+  }
+}
+
+TEST(FaiMossa, ContatoreSemimosseFermoA127PerOgniMossaCheLoAumenta) {
+  // Quiet moves of every piece but the pawn, and both castlings, for both
+  // colours: at 126 the clock reaches 127, at 127 it stays there, and the
+  // castling rights come out as from a clock of 0.
+  const char* const casi[][2] = {{"r3k2r/8/8/8/8/8/8/R1B1K1QR w KQkq - 0 1", "c1d2"},
+                                 {"r3k2r/8/8/8/8/8/8/R1B1K1QR w KQkq - 0 1", "g1g4"},
+                                 {"r3k2r/8/8/8/8/8/8/R1B1K1QR w KQkq - 0 1", "a1b1"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1e2"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1g1"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "e1c1"},
+                                 {"r1b1k1qr/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "c8d7"},
+                                 {"r1b1k1qr/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "g8g5"},
+                                 {"r1b1k1qr/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "h8h7"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "e8d8"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "e8g8"},
+                                 {"r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1", "e8c8"}};
+  for (const auto& [fen, mossa] : casi) {
+    SCOPED_TRACE(std::string(fen) + " " + mossa);
+    ASSERT_TRUE(Carica(fen));
+    FaiEControlla(mossa);
+    const uint64_t diritti = InfoPosizione & 0x780;
+    const uint64_t chiave = ChiaveHash;
+    for (uint64_t prima : {126u, 127u}) {
+      ASSERT_TRUE(Carica(fen));
+      InfoPosizione = (InfoPosizione & ~MASCHERA_SEMIMOSSE) | prima;
+      FaiEControlla(mossa);
+      EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 127u);
+      EXPECT_EQ(InfoPosizione & 0x780, diritti);
+      EXPECT_EQ(ChiaveHash, chiave);
+    }
+  }
 }
 
 TEST(FaiMossa, EnPassantCheScopreScacchi) {

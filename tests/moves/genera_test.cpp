@@ -121,6 +121,28 @@ TEST(Generazione, ScaccoDiCavalloNessunaInterposizione) {
   EXPECT_EQ(c, attese);
 }
 
+TEST(Generazione, IlNeroInScaccoDoppioOScaccoDiCavallo) {
+  // The two positions above mirrored for Black.
+  ASSERT_TRUE(Carica("4kb2/8/3N4/r7/8/8/8/4R2K b - - 0 1"));
+  ASSERT_NE(PrimoScacco(InfoPosizione), NESSUNA_CASA);
+  ASSERT_NE(SecondoScacco(InfoPosizione), NESSUNA_CASA);
+  const std::vector<uint64_t> c = Candidate();
+  ASSERT_FALSE(c.empty());
+  for (uint64_t m : c) EXPECT_EQ(OrigineMossa(m), Casa("e8")) << Coordinate(m);
+  EXPECT_EQ(GeneraCon(genera_MosseTattiche_del_nero).size(), 0u);
+  for (uint64_t m : GeneraCon(genera_noncatture_del_nero)) EXPECT_EQ(TipoMossa(m), SPOSTA_RE);
+
+  ASSERT_TRUE(Carica("r3kb1r/2p5/3N4/8/8/8/8/4K3 b kq - 0 1"));
+  ASSERT_EQ(PrimoScacco(InfoPosizione), Casa("d6"));
+  const std::vector<std::string> attese = {"c7d6/11", "f8d6/21", "e8d8/9",
+                                           "e8d7/9",  "e8e7/9",  "e8f7/9"};
+  EXPECT_EQ(Scritte(Candidate()), attese);
+  EXPECT_EQ(Scritte(GeneraCon(genera_MosseTattiche_del_nero)),
+            (std::vector<std::string>{"c7d6/11", "f8d6/21"}));
+  EXPECT_EQ(Scritte(GeneraCon(genera_noncatture_del_nero)),
+            (std::vector<std::string>{"e8d8/9", "e8d7/9", "e8e7/9", "e8f7/9"}));
+}
+
 TEST(Generazione, InterposizioniDoppioPassoDaTuttiIPassi) {
   // Rook h4 checks a4 along the rank: double steps land between from every
   // single step, then single steps, then each piece's capture and blocks.
