@@ -97,6 +97,38 @@ TEST_F(Percorsi, MossaRifiutataSaltata) {
   EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
 }
 
+TEST_F(Percorsi, MossaRifiutataSenzaControlloNeRicorsione) {
+  // Stalemate: the king's two steps go onto attacked squares and the b2
+  // knight is pinned, so every candidate is refused. The pawn key is spoiled
+  // on purpose: a self-check after any of those moves would report it.
+  for (const char* fen :
+       {"8/8/8/8/3b4/1k6/1N1n4/K7 w - - 0 1", "k7/1n1N4/1K6/3B4/8/8/8/8 b - - 0 1"}) {
+    SCOPED_TRACE(fen);
+    ASSERT_TRUE(CaricaFen(fen));
+    const bool nero = ContatoreMosse & 1;
+    const auto candidati = genera_mosse_del[nero](BufferMosseGenerate) - BufferMosseGenerate;
+    ASSERT_EQ(candidati, 6);
+    HashPedoni ^= 1;
+    const Istantanea prima = Fotografa();
+    PosizioniValutate = 0;
+    Percorri(2);
+    EXPECT_EQ(PosizioniValutate, 1u) << "a refused move must not be walked into";
+    for (uint32_t profondita : {1u, 2u}) {
+      ReportControlloPosizione.LunghezzaTesto = 0;
+      testing::internal::CaptureStdout();
+      (nero ? test_del_nero : test_del_bianco)(profondita);
+      EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+      EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
+      EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
+    }
+    // The spoiled key is there to be found by any self-check.
+    testing::internal::CaptureStdout();
+    ControllaPosizione(0);
+    testing::internal::GetCapturedStdout();
+    EXPECT_STREQ(ReportControlloPosizione.testo, "hash pedoni scorretta\n");
+  }
+}
+
 TEST_F(Percorsi, AutocontrolloProfonditaUnoSenzaReport) {
   for (const char* fen : {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1",
                           "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1",
