@@ -1,6 +1,6 @@
 # Perft speed beside Stockfish's, and the perft suite rows too slow for the tests.
 add_executable(perft_bench ${CMAKE_CURRENT_LIST_DIR}/perft_bench.cpp)
-target_link_libraries(perft_bench PRIVATE pendrino_core pendrino_memoria)
+target_link_libraries(perft_bench PRIVATE pendrino_diagnostics)
 
 # Debian installs Stockfish outside the usual PATH.
 find_program(PENDRINO_STOCKFISH stockfish PATHS /usr/games)

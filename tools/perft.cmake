@@ -1,9 +1,8 @@
 # pendrino-perft: exact move counts from the command line, and the CTest
 # checks that run it on the published counts.
 add_executable(pendrino-perft ${CMAKE_CURRENT_LIST_DIR}/pendrino_perft.cpp)
-# The counts never draw on a screen; the in-memory backend satisfies the
-# platform references of the core library.
-target_link_libraries(pendrino-perft PRIVATE pendrino_core pendrino_memoria)
+# The counts need no screen, no keys and no speaker: no platform backend.
+target_link_libraries(pendrino-perft PRIVATE pendrino_diagnostics)
 
 if(PENDRINO_TESTS)
   if(DEFINED PENDRINO_DATI_CONDIVISI)

@@ -21,7 +21,6 @@ constexpr uint32_t EVENTI_PER_LETTURA = 128;
 // ChiudiIlProgramma.
 int pendrino_main(int argc, char** argv);
 void inizializza();
-[[noreturn]] void ChiudiIlProgramma();
 
 // One turn of the loop: wait for keys (at most until the running side's shown
 // second changes), then handle up to EVENTI_PER_LETTURA records.
@@ -31,7 +30,5 @@ void TurnoCiclo();
 // Handles one input record: key-down records go through the key table,
 // everything else is ignored.
 void GestisciEvento(const INPUT_RECORD& evento);
-// Runs the handler of an action; actions without one are ignored.
+// Runs the handler of an action; a row without one is ignored.
 void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto);
-// Whether an action has a handler in this build.
-bool AzioneGestita(Azione azione);

@@ -4,8 +4,8 @@
 
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "console/avvio.h"
 #include "console/schermo.h"
+#include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
 char comando[MASSIMO_CARATTERI_COMANDO + 1];
@@ -13,8 +13,6 @@ uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";
 uint32_t fuoco;
 void (*SalvataggioInUscita)();
-
-static constexpr const char* TitoloFinestre = "Attenzione!";
 
 // ---------------------------------------------------------------------------
 // Focus.
@@ -36,14 +34,6 @@ void ImpostaFocus() {
   }
   const Punto p = PosizioneFuoco[fuoco];
   gotoxy(int16_t(p.x + (fuoco == FUOCO_COMANDO ? CharatteriInComando : 0)), p.y);
-}
-
-void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }
-
-int Domanda(const char* testo, unsigned stile) {
-  const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
-  ImpostaFocus();
-  return risposta;
 }
 
 // Tone marks of the focus: the two ends, and the running side's time line.
@@ -119,6 +109,11 @@ void comando_backspace() {
 }
 
 // ---------------------------------------------------------------------------
+
+void ChiudiIlProgramma() {
+  piattaforma::ChiudiConsole();
+  piattaforma::TerminaProcesso(0);
+}
 
 void comando_esci() {
   switch (Domanda("Salvare la partita prima di uscire?", MB_YESNOCANCEL)) {

@@ -20,10 +20,8 @@ extern uint32_t fuoco;
 // Cursor to the focused line, so a screen reader reads it next.
 void ImpostaFocus();
 
-// Boxes titled "Attenzione!" owned by the console; the cursor goes back to
-// the focus afterwards. Avvisa shows a notice, Domanda returns the answer.
-void Avvisa(const char* testo);
-int Domanda(const char* testo, unsigned stile);
+// Gives the console back and ends the process with status 0.
+[[noreturn]] void ChiudiIlProgramma();
 
 void comando_digitazione(signed char carattere);
 void comando_backspace();
@@ -33,6 +31,5 @@ void comando_home();
 void comando_end();
 void comando_esci();
 
-// Saving on the way out. The game file's writer installs itself here; until
-// then "Yes" to the exit question ends the program without writing a file.
+// The save run by "Yes" to the exit question; the game record installs it.
 extern void (*SalvataggioInUscita)();

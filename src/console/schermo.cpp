@@ -2,12 +2,8 @@
 
 #include <cstring>
 
+#include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
-
-char messaggio[DIMENSIONE_MESSAGGIO];
-uint32_t InMessaggio;
-
-const char* const StringaColore[2] = {"bianco", "nero"};
 
 void gotoxy(int16_t x, int16_t y) { piattaforma::PosizionaCursore(x, y); }
 
@@ -20,38 +16,6 @@ static void StampaRipetuto(char carattere, int quanti) {
   if (quanti > piattaforma::COLONNE_SCHERMO) quanti = piattaforma::COLONNE_SCHERMO;
   std::memset(riga, carattere, size_t(quanti));
   piattaforma::Scrivi(riga, size_t(quanti));
-}
-
-// ---------------------------------------------------------------------------
-// The message buffer. One byte is always kept for the terminating zero.
-
-void SvuotaMessaggio() {
-  InMessaggio = 0;
-  messaggio[0] = 0;
-}
-
-void AggiungiCarattere(char carattere) {
-  if (InMessaggio >= DIMENSIONE_MESSAGGIO - 1) return;
-  messaggio[InMessaggio++] = carattere;
-  messaggio[InMessaggio] = 0;
-}
-
-void AggiungiTesto(const char* testo) {
-  while (*testo && InMessaggio < DIMENSIONE_MESSAGGIO - 1) messaggio[InMessaggio++] = *testo++;
-  messaggio[InMessaggio] = 0;
-}
-
-void AggiungiNumero(int64_t numero) {
-  // Work on the magnitude as unsigned so that the most negative value has one.
-  uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
-  char cifre[21];
-  int n = 0;
-  do {
-    cifre[n++] = char('0' + resto % 10);
-    resto /= 10;
-  } while (resto);
-  if (numero < 0) AggiungiCarattere('-');
-  while (n) AggiungiCarattere(cifre[--n]);
 }
 
 // ---------------------------------------------------------------------------

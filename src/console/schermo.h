@@ -23,20 +23,5 @@ void StampaPannelloPrincipale();
 void StampaMessaggioCentrato(int16_t riga);
 void StampaScacchiera();
 
-// Shared text buffer in which every dialog text and centred line is composed.
-constexpr int DIMENSIONE_MESSAGGIO = 2048;
-extern char messaggio[DIMENSIONE_MESSAGGIO];
-extern uint32_t InMessaggio;
-
-// Colour names by colour index: "bianco", "nero".
-extern const char* const StringaColore[2];
-
 // Characters at the cursor, which advances.
 void StampaTesto(const char* testo);
-
-// Composing `messaggio`: every helper keeps the text zero-terminated and
-// drops what does not fit rather than overflow the buffer.
-void SvuotaMessaggio();
-void AggiungiTesto(const char* testo);
-void AggiungiCarattere(char carattere);
-void AggiungiNumero(int64_t numero);

@@ -5,45 +5,31 @@
 #include <cstdint>
 
 #include "piattaforma/tasti.h"
-
-// Rows of the settings table that key commands set.
-constexpr int PARAMETRO_PERIODI = 0;
-constexpr int PARAMETRO_MOSSE_PRIMO_PERIODO = 1;
-constexpr int PARAMETRO_TEMPO_PRIMO_PERIODO = 2;
-constexpr int PARAMETRO_INCREMENTO_PRIMO_PERIODO = 3;
-constexpr int PARAMETRO_TEMPO_SECONDO_PERIODO = 4;
-constexpr int PARAMETRO_INCREMENTO_SECONDO_PERIODO = 5;
-constexpr int PARAMETRO_AGGIORNAMENTO_AUTOMATICO = 6;
-constexpr int PARAMETRO_ALLARME1 = 7;  // allarme2..5 follow
+#include "settings/parametri.h"
 
 enum class GruppoTasti : uint8_t { Ctrl, Alt, Semplice };
 enum class CondizioneShift : uint8_t { Qualsiasi, Premuto, NonPremuto };
 
-enum class Azione : uint8_t {
-  Nessuna,
-  FermaOrologio,
-  OrologioInMoto,
-  ImpostaParametro,  // argument: settings row
-  RitiraUltimaMossa,
-  ModificaTempo,  // argument: 0 adds, 1 subtracts
-  Esci,
-  NuovaPartita,
-  SalvaPartita,
-  AggiornaTempoASchermo,
-  Abbandona,  // argument: 1 Black resigns, 0 White resigns
-  PattaDaccordo,
-  VisualizzaListaComandi,
-  VisualizzaListaMosse,
-  VisualizzaPartitaPgn,
-  Home,
-  End,
-  FrecciaSu,
-  FrecciaGiu,
-  Backspace,
-  Invio,
-  Digitazione,  // the record's character goes to the command field
-  Conteggio
+// What a key does: the handler's name (for tests and listings) and the call
+// of the handler. A row is all it takes to give a handler a key.
+struct Azione {
+  const char* nome;
+  void (*esegui)(int argomento, signed char carattere);
 };
+// Handlers take nothing, the row's argument, or the record's character.
+inline void ChiamaGestore(void (*gestore)(), int, signed char) { gestore(); }
+inline void ChiamaGestore(void (*gestore)(int), int argomento, signed char) { gestore(argomento); }
+inline void ChiamaGestore(void (*gestore)(signed char), int, signed char carattere) {
+  gestore(carattere);
+}
+template <auto Gestore>
+void EseguiGestore(int argomento, signed char carattere) {
+  ChiamaGestore(Gestore, argomento, carattere);
+}
+#define PENDRINO_AZIONE(gestore) \
+  Azione { #gestore, &EseguiGestore < gestore> }
+
+constexpr Azione NESSUNA_AZIONE = {"", nullptr};
 
 // An inclusive range of virtual-key codes; a single key has primo == ultimo.
 struct IntervalloTasti {
@@ -73,6 +59,6 @@ struct AzioneTasto {
 // reported as right Alt plus left Ctrl), then plain keys.
 GruppoTasti GruppoDi(DWORD stato_controllo);
 
-// The first row of the record's group that matches it; Azione::Nessuna when
+// The first row of the record's group that matches it; NESSUNA_AZIONE when
 // none does (a key never falls through to another group).
 AzioneTasto CercaAzione(const KEY_EVENT_RECORD& tasto);

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "console/schermo.h"
 #include "diagnostics/stampa.h"
+#include "diagnostics/uscita.h"
 #include "moves/mosse.h"
 
 RecordControlloPosizione ReportControlloPosizione;
@@ -69,22 +69,22 @@ void ControllaChiaviHash() {
   const uint64_t* bianco = hash_pedone_bianco_in;
   const uint64_t* nero = hash_pedone_nero_in;
   for (int t = 32; t <= 39; ++t) {
-    if (HashSpostaPedone2In[t] != (bianco[t] ^ bianco[t + 16])) puts("errore1");
-    if (HashCatturaEnpassantIn[t] != (nero[t + 8] ^ bianco[t])) puts("errore2");
+    if (HashSpostaPedone2In[t] != (bianco[t] ^ bianco[t + 16])) ScriviDiagnostica("errore1\n");
+    if (HashCatturaEnpassantIn[t] != (nero[t + 8] ^ bianco[t])) ScriviDiagnostica("errore2\n");
   }
   for (int t = 24; t <= 31; ++t) {
-    if (HashSpostaPedone2In[t] != (nero[t] ^ nero[t - 16])) puts("errore3");
-    if (HashCatturaEnpassantIn[t] != (bianco[t - 8] ^ nero[t])) puts("errore4");
+    if (HashSpostaPedone2In[t] != (nero[t] ^ nero[t - 16])) ScriviDiagnostica("errore3\n");
+    if (HashCatturaEnpassantIn[t] != (bianco[t - 8] ^ nero[t])) ScriviDiagnostica("errore4\n");
   }
   for (int t = 8; t <= 47; ++t)
-    if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) puts("errore5");
+    if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) ScriviDiagnostica("errore5\n");
   for (int t = 16; t <= 55; ++t)
-    if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) puts("errore6");
+    if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) ScriviDiagnostica("errore6\n");
   for (const ChiaveArrocco& a : ChiaviArrocco) {
     const uint64_t* re = hash_in[a.colore][RE];
     const uint64_t* torre = hash_in[a.colore][TORRE];
     if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
-      puts(a.etichetta);
+      ScriviDiagnostica("%s\n", a.etichetta);
   }
 }
 
@@ -177,13 +177,15 @@ void ControllaPosizione(int dopo_ritira) {
                        int(PezzoIn[casa] >> 5));
 
   if (r.LunghezzaTesto == 0) return;
-  printf("Errore!\n %s\n", r.testo);
+  ScriviDiagnostica("Errore!\n %s\n", r.testo);
   // After an unmake the move just taken back lies one entry beyond the counter.
   uint64_t semimossa = dopo_ritira ? ContatoreMosse + 1 : ContatoreMosse;
-  printf(dopo_ritira ? "DopoRitiraMossa %d " : "DopoFaiLaMossa %d ", int(semimossa));
+  if (dopo_ritira)
+    ScriviDiagnostica("DopoRitiraMossa %d ", int(semimossa));
+  else
+    ScriviDiagnostica("DopoFaiLaMossa %d ", int(semimossa));
   uint64_t mossa = semimossa < MAX_SEMIMOSSE ? ElencoMosse[semimossa] : MOSSA_NULLA;
-  printf("%s, %s%s\n", NomeTipo(mossa), StringaCasa[OrigineMossa(mossa)],
+  ScriviDiagnostica("%s, %s%s\n", NomeTipo(mossa), StringaCasa[OrigineMossa(mossa)],
          StringaCasa[DestinazioneMossa(mossa)]);
-  fflush(stdout);
-  StampaScacchiera();
+  DisegnaScacchieraDiagnostica();
 }

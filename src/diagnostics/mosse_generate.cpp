@@ -1,22 +1,22 @@
 #include "diagnostics/mosse_generate.h"
 
-#include <cstdio>
-
 #include "diagnostics/stampa.h"
+#include "diagnostics/uscita.h"
 #include "moves/mosse.h"
 
 void StampaMosseGenerate() {
-  FILE* file = fopen("dibag.txt", "w");
-  if (!file) return;
+  // The longest line is 46 bytes; a full buffer of moves fits.
+  static char testo[DIMENSIONE_BUFFER_MOSSE * 48];
+  TestoDiagnostico t{testo, sizeof testo, 0, false};
   const uint64_t* fine = FineMosseGenerate;
   // A stale end pointer must not lead the listing outside the buffer.
   if (!fine || fine < BufferMosseGenerate || fine > BufferMosseGenerate + DIMENSIONE_BUFFER_MOSSE)
     fine = BufferMosseGenerate;
   for (const uint64_t* letta = BufferMosseGenerate; letta < fine; ++letta) {
     uint64_t tipo = TipoMossa(*letta);
-    fprintf(file, "%s ", tipo < NUMERO_TIPI_MOSSA ? StringaTipoMossa[tipo] : "??");
-    fprintf(file, "%s ", StringaCasa[OrigineMossa(*letta)]);
-    fprintf(file, "%s\n", StringaCasa[DestinazioneMossa(*letta)]);
+    AggiungiDiagnostica(t, "%s ", tipo < NUMERO_TIPI_MOSSA ? StringaTipoMossa[tipo] : "??");
+    AggiungiDiagnostica(t, "%s ", StringaCasa[OrigineMossa(*letta)]);
+    AggiungiDiagnostica(t, "%s\n", StringaCasa[DestinazioneMossa(*letta)]);
   }
-  fclose(file);
+  ScriviFileDiagnostico("dibag.txt", t.testo, t.lunghezza);
 }

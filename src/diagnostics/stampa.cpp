@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "board/tabella64.h"
+#include "diagnostics/uscita.h"
 
 const char* const StringaPezzo[6] = {"Pedone", "Cavallo", "Alfiere", "Torre", "Donna", "Re"};
 
@@ -24,9 +25,9 @@ void StampaBitmapPezzo(uint8_t codice) {
   // Codes of no kind at all read like the empty square rather than index
   // past the names.
   if ((codice >> 5) < 6)
-    std::printf("%s %s\t", StringaPezzo[codice >> 5], (codice & 0x10) ? "nero" : "bianco");
+    ScriviDiagnostica("%s %s\t", StringaPezzo[codice >> 5], (codice & 0x10) ? "nero" : "bianco");
   else
-    std::printf("nessun pezzo\t");
+    ScriviDiagnostica("nessun pezzo\t");
   char bit[12];
   int n = 0;
   for (int i = 0; i < 8; ++i) {
@@ -35,7 +36,7 @@ void StampaBitmapPezzo(uint8_t codice) {
     if (i == 4) bit[n++] = '\t';
   }
   bit[n] = '\0';
-  std::printf("%s\n", bit);
+  ScriviDiagnostica("%s\n", bit);
 }
 
 const char* StringaBitmap(uint64_t bitboard) {
@@ -63,7 +64,7 @@ const char* str_esadecimale(uint64_t valore) {
   return testo;
 }
 
-void StampaEsadecimale(uint64_t valore) { std::printf("0x%sull", str_esadecimale(valore)); }
+void StampaEsadecimale(uint64_t valore) { ScriviDiagnostica("0x%sull", str_esadecimale(valore)); }
 
 void StampaChiaroScuro() {
   uint64_t chiare = 0, scure = 0;
@@ -74,11 +75,11 @@ void StampaChiaroScuro() {
     else
       scure |= 1ull << s;
   }
-  std::FILE* file = std::fopen("ChiaroScuro.txt", "w");
-  if (!file) return;
-  std::fprintf(file, "\n    #define BtmCaseChiare %s\n", str_esadecimale(chiare));
-  std::fprintf(file, "%s\n", StringaBitmap(chiare));
-  std::fprintf(file, "\n    #define BtmCaseScure %s\n", str_esadecimale(scure));
-  std::fprintf(file, "%s\n", StringaBitmap(scure));
-  std::fclose(file);
+  char testo[2048];
+  TestoDiagnostico t{testo, sizeof testo, 0, false};
+  AggiungiDiagnostica(t, "\n    #define BtmCaseChiare %s\n", str_esadecimale(chiare));
+  AggiungiDiagnostica(t, "%s\n", StringaBitmap(chiare));
+  AggiungiDiagnostica(t, "\n    #define BtmCaseScure %s\n", str_esadecimale(scure));
+  AggiungiDiagnostica(t, "%s\n", StringaBitmap(scure));
+  ScriviFileDiagnostico("ChiaroScuro.txt", t.testo, t.lunghezza);
 }

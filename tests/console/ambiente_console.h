@@ -9,6 +9,7 @@
 #include "clock/orologio.h"
 #include "console/comandi.h"
 #include "console/schermo.h"
+#include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 
 class AmbienteConsole : public ::testing::Test {
@@ -23,6 +24,7 @@ class AmbienteConsole : public ::testing::Test {
     ContatoreMosse = 0;
     SalvataggioInUscita = nullptr;
     SvuotaMessaggio();
+    DopoFinestra = ImpostaFocus;
   }
 
   // The whole screen, line after line, to compare before and after.

@@ -255,7 +255,7 @@ TEST_F(Avvio, AltGrEF4NonEsce) {
 TEST_F(Avvio, AzioniSenzaGestoreSonoIgnorate) {
   inizializza();
   const std::string prima = Schermo();
-  // Keys whose commands belong to parts of the program still to come.
+  // Rows whose handlers are not in this build act like unlisted keys.
   memoria::AccodaTasto(VK_RETURN, LEFT_CTRL_PRESSED);
   memoria::AccodaTasto(VK_F9);
   memoria::AccodaTasto(VK_F1);
@@ -264,11 +264,6 @@ TEST_F(Avvio, AzioniSenzaGestoreSonoIgnorate) {
   TurnoCiclo();
   EXPECT_EQ(Schermo(), prima);
   EXPECT_TRUE(memoria::ComandiVisualizzatore().empty());
-  for (Azione a : {Azione::Esci, Azione::Home, Azione::End, Azione::FrecciaSu, Azione::FrecciaGiu,
-                   Azione::Backspace, Azione::Digitazione})
-    EXPECT_TRUE(AzioneGestita(a)) << int(a);
-  EXPECT_FALSE(AzioneGestita(Azione::Nessuna));
-  EXPECT_FALSE(AzioneGestita(Azione::Conteggio));
 }
 
 // ---------------------------------------------------------------------------

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 
 #include "board/fen.h"
 #include "board/geometria.h"
+#include "diagnostics/uscita.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
@@ -71,3 +73,30 @@ StatoScacco StatoDiScacco(uint64_t info) {
   if (secondo) return SCACCO_SECONDO;
   return NESSUNO_SCACCO_STATO;
 }
+
+int ScacchiereDisegnate;
+
+namespace {
+
+// The diagnostics' reports go to this program's standard output, where the
+// tests capture them, and their files to the working directory.
+class UscitaDeiTest : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    UscitaDiagnostiche.testo = [](const char* testo, size_t lunghezza) {
+      std::fwrite(testo, 1, lunghezza, stdout);
+      std::fflush(stdout);
+    };
+    UscitaDiagnostiche.scacchiera = [] { ++ScacchiereDisegnate; };
+    UscitaDiagnostiche.file = [](const char* nome, const char* testo, size_t lunghezza) {
+      std::FILE* file = std::fopen(nome, "wb");
+      if (!file) return false;
+      const bool scritto = std::fwrite(testo, 1, lunghezza, file) == lunghezza;
+      return std::fclose(file) == 0 && scritto;
+    };
+  }
+};
+[[maybe_unused]] ::testing::Environment* const uscita_dei_test =
+    ::testing::AddGlobalTestEnvironment(new UscitaDeiTest);
+
+}  // namespace

@@ -31,3 +31,6 @@ inline const std::string TabellaExtra = std::string(PENDRINO_DATI_TEST) + "/perf
 // The four check states of the generators, read from InfoPosizione.
 enum StatoScacco { NESSUNO_SCACCO_STATO, SCACCO_PRIMO, SCACCO_SECONDO, SCACCO_DOPPIO };
 StatoScacco StatoDiScacco(uint64_t info);
+
+// How many times the diagnostics asked for the board to be drawn.
+extern int ScacchiereDisegnate;

@@ -12,12 +12,6 @@
 
 namespace {
 
-std::vector<std::string> Schermo() {
-  std::vector<std::string> righe;
-  for (int y = 0; y < piattaforma::RIGHE_SCHERMO; ++y) righe.push_back(memoria::Riga(y));
-  return righe;
-}
-
 // Runs ControllaPosizione and returns what it printed.
 std::string Controlla(int dopo_ritira) {
   testing::internal::CaptureStdout();
@@ -53,7 +47,7 @@ TEST_F(Controlli, TabelleDerivateDelleChiaviConcordano) {
 }
 
 TEST_F(Controlli, PosizioneCorrettaReportVuotoENienteStampato) {
-  const std::vector<std::string> vuoto = Schermo();
+  const int disegni = ScacchiereDisegnate;
   for (const std::string& fen : FenDistinte(LeggiTabellaPerft(TabellaRiferimento))) {
     SCOPED_TRACE(fen);
     ASSERT_TRUE(CaricaFen(fen));
@@ -64,7 +58,7 @@ TEST_F(Controlli, PosizioneCorrettaReportVuotoENienteStampato) {
     EXPECT_EQ(ReportControlloPosizione.HashPedoniRicalcolata, HashPedoni);
     EXPECT_EQ(ReportControlloPosizione.CaseViste, btm_occupazione);
   }
-  EXPECT_EQ(Schermo(), vuoto);
+  EXPECT_EQ(ScacchiereDisegnate, disegni) << "no board without a report";
 }
 
 TEST_F(Controlli, PermessoEnpassantEntraNellaChiaveRicalcolata) {
@@ -85,7 +79,7 @@ TEST_F(Controlli, ArroccoLungoBiancoLasciaLeChiaviDeiDiritti) {
   const uint64_t prima = ChiaveHash;
   ASSERT_EQ(Fai(MOSSA_O_O_O_BIANCO), 1);
   EXPECT_EQ(InfoPosizione & (ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO), 0u);
-  const std::vector<std::string> vuoto = Schermo();
+  const int disegni = ScacchiereDisegnate;
   const std::string stampato = Controlla(0);
   EXPECT_EQ(Testo(), "chiave hash scorretta\n");
   EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, Testo().size());
@@ -94,7 +88,7 @@ TEST_F(Controlli, ArroccoLungoBiancoLasciaLeChiaviDeiDiritti) {
   EXPECT_EQ(stampato,
             "Errore!\n chiave hash scorretta\n\n"
             "DopoFaiLaMossa 1 arrocco lungo, e1c1\n");
-  EXPECT_NE(Schermo(), vuoto) << "the board is drawn with the report";
+  EXPECT_EQ(ScacchiereDisegnate, disegni + 1) << "the board is drawn with the report";
 
   Ritira();
   EXPECT_EQ(ChiaveHash, prima);

@@ -3,10 +3,11 @@
 #include <string>
 
 #include "board/fen.h"
+#include "board/geometria.h"
 #include "board/posizione.h"
+#include "board/riferimento.h"
 #include "console/schermo.h"
 #include "piattaforma/memoria/memoria.h"
-#include "riferimento.h"
 
 namespace {
 
@@ -24,6 +25,8 @@ std::string RigaAttesa(const riferimento::Griglia& g, int r) {
 }
 
 void VerificaScacchiera(const char* fen) {
+  InizializzaInfoTraiettorie();
+  InizializzaDbMobilita();
   memoria::Azzera();
   SvuotaScacchiera();
   ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;

@@ -1,0 +1,50 @@
+#include "messaggi/messaggi.h"
+
+#include "piattaforma/piattaforma.h"
+
+char messaggio[DIMENSIONE_MESSAGGIO];
+uint32_t InMessaggio;
+
+const char* const StringaColore[2] = {"bianco", "nero"};
+const char* const TitoloFinestre = "Attenzione!";
+
+void (*DopoFinestra)();
+
+// One byte is always kept for the terminating zero.
+
+void SvuotaMessaggio() {
+  InMessaggio = 0;
+  messaggio[0] = 0;
+}
+
+void AggiungiCarattere(char carattere) {
+  if (InMessaggio >= DIMENSIONE_MESSAGGIO - 1) return;
+  messaggio[InMessaggio++] = carattere;
+  messaggio[InMessaggio] = 0;
+}
+
+void AggiungiTesto(const char* testo) {
+  while (*testo && InMessaggio < DIMENSIONE_MESSAGGIO - 1) messaggio[InMessaggio++] = *testo++;
+  messaggio[InMessaggio] = 0;
+}
+
+void AggiungiNumero(int64_t numero) {
+  // Work on the magnitude as unsigned so that the most negative value has one.
+  uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
+  char cifre[21];
+  int n = 0;
+  do {
+    cifre[n++] = char('0' + resto % 10);
+    resto /= 10;
+  } while (resto);
+  if (numero < 0) AggiungiCarattere('-');
+  while (n) AggiungiCarattere(cifre[--n]);
+}
+
+void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }
+
+int Domanda(const char* testo, unsigned stile) {
+  const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
+  if (DopoFinestra) DopoFinestra();
+  return risposta;
+}
