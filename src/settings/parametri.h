@@ -1,5 +1,10 @@
-// Rows of the settings table, in file order.
+// The settings: a fixed table of twelve rows (key, description, unit, value,
+// default, range), loaded from pendrino.ini at start-up and written back
+// after every accepted change.
 #pragma once
+
+#include <cstddef>
+#include <cstdint>
 
 enum RigaParametro : int {
   PARAMETRO_PERIODI = 0,
@@ -12,3 +17,34 @@ enum RigaParametro : int {
   PARAMETRO_ALLARME1 = 7,  // allarme2..5 follow
   NUMERO_PARAMETRI = 12,
 };
+
+struct RigaIni {
+  char chiave[64];
+  char descrizione[64];
+  char unita[16];
+  int32_t valore;
+  int32_t valore_default;
+  int32_t minimo;
+  int32_t massimo;
+};
+extern RigaIni ParametroIni[NUMERO_PARAMETRI];
+
+// The current value of a row.
+inline int32_t Parametro(int riga) { return ParametroIni[riga].valore; }
+
+extern const char* const NomeFileIni;  // "pendrino.ini"
+
+// Every row back to its default value.
+void DefaultIni();
+// Writes the whole file, replacing the old one at once.
+void ScriviIni();
+// Loads the file into the table, with the notices for a missing, unreadable
+// or incomplete file and for values out of range.
+void LeggiIni();
+// The notice for an out-of-range value of row `indice`.
+void AvisaValoreIniErrato(int indice);
+
+// The reading of a file's text, without the file: sets the values found,
+// notices each value out of range, and tells what became of the rest.
+enum class EsitoIni { Completo, Incompleto, ChiaveSconosciuta };
+EsitoIni LeggiTestoIni(const char* testo, size_t lunghezza);
