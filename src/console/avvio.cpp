@@ -1,21 +1,42 @@
 #include "console/avvio.h"
 
+#include "board/fen.h"
 #include "board/geometria.h"
+#include "board/posizione.h"
 #include "clock/orologio.h"
 #include "console/comandi.h"
 #include "console/schermo.h"
 #include "diagnostics/uscita.h"
+#include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
 
 char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
 
-// The diagnostics write at the console's cursor and draw the board panel.
-static void InstallaUscitaDiagnostica() {
+// The lower layers draw through the console: the diagnostics at the cursor
+// and on the board panel, the clock and the game on their lines, each time
+// with the cursor back on the focus.
+static void InstallaSchermi() {
   UscitaDiagnostiche.testo = piattaforma::Scrivi;
   UscitaDiagnostiche.scacchiera = StampaScacchiera;
+  UscitaDiagnostiche.file = piattaforma::SostituisciFileDiTesto;
+  SchermoDellOrologio.tempo = [](int colore, int32_t secondi) {
+    StampaLineaTempo(colore, secondi);
+    ImpostaFocus();
+  };
+  SchermoDellOrologio.stato = [] {
+    StampaMossaCorrente();
+    ImpostaFocus();
+  };
+  SchermoDellOrologio.cadenza = [] {
+    StampaCadenza();
+    ImpostaFocus();
+  };
+  SchermoDellaPartita.mossa_corrente = SchermoDellOrologio.stato;
+  DopoFinestra = ImpostaFocus;
 }
 
 void inizializza() {
@@ -29,15 +50,16 @@ void inizializza() {
   InizializzaInfoTraiettorie();
   InizializzaDbMobilita();
   piattaforma::ApriConsole();
-  InstallaUscitaDiagnostica();
+  InstallaSchermi();
+  LeggiIni();
   DisegnaIntestazione();
   StampaPannelloPrincipale();
-  DopoFinestra = ImpostaFocus;
   ImpostaFocus();
 }
 
 int pendrino_main(int, char**) {
   inizializza();
+  NuovaPartita(FenIniziale);
   CicloPrincipale();
 }
 
@@ -55,6 +77,10 @@ void GestisciEvento(const INPUT_RECORD& evento) {
 // ---------------------------------------------------------------------------
 
 void TurnoCiclo() {
+  if (InMoto) {
+    const int colore = int(ContatoreMosse & 1);
+    if (AggiornaTempoVisualizzato(colore)) CadutaBandierina(colore);
+  }
   piattaforma::AttendiEventi(AttesaProssimoSecondo());
   if (piattaforma::EventiInAttesa() == 0) return;
   INPUT_RECORD eventi[EVENTI_PER_LETTURA];

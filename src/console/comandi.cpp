@@ -1,18 +1,52 @@
 #include "console/comandi.h"
 
+#include <cstdio>
 #include <cstring>
 
+#include "board/fen.h"
 #include "board/posizione.h"
+#include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "console/schermo.h"
+#include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
 
 char comando[MASSIMO_CARATTERI_COMANDO + 1];
 uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";
 uint32_t fuoco;
 void (*SalvataggioInUscita)();
+
+const RigaComando Comandi[NUMERO_COMANDI] = {
+    {"invio", "Esegue la mossa specificata e preme l'orologio se in moto."},
+    {"ctrl + invio", "Orologio in moto."},
+    {"ctrl + shift + invio", "Ferma l'orologio."},
+    {"ctrl + tasto piu' o meno", "Aggiunge / sottrae al colore selezionato i minuti specificati."},
+    {"ctrl + canc", "Ritira l'ultima semimossa."},
+    {"ctrl + A",
+     "Imposta l'aggiornamento automatico a schermo del tempo in moto al valore booleano "
+     "specificato (0 disattivo, 1 attivo)."},
+    {"ctrl + p", "Imposta il numero dei periodi al valore specificato (1 o 2)."},
+    {"ctrl + m", "Imposta il numero delle mosse per il primo periodo al valore specificato."},
+    {"ctrl + 1 o 2", "Imposta il tempo del relativo periodo al valore specificato in minuti."},
+    {"ctrl + shift + 1 o 2",
+     "Imposta l'incremento del relativo periodo al valore specificato in secondi."},
+    {"alt + numero da 1 a 5", "Imposta il relativo allarme al valore specificato in minuti"},
+    {"alt + n", "Nuova partita."},
+    {"alt + s", "Salva la partita."},
+    {"alt + f4", "Esce da Pendrino"},
+    {"tasto T",
+     "Aggiorna manualmente a schermo il tempo del colore in moto se l'aggiornamento automatico "
+     "e' disattivo"},
+    {"f1", "Visualizza questa guida."},
+    {"f5", "Visualizza l'elenco delle mosse."},
+    {"f9", "Visualizza il file  partita.pgn."},
+    {"f4", TestoAbbandona[1]},
+    {"f8", TestoAbbandona[0]},
+    {"f12", TestoPattaDaccordo},
+};
 
 // ---------------------------------------------------------------------------
 // Focus.
@@ -106,6 +140,176 @@ void comando_backspace() {
   gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
   --CharatteriInComando;
   StampaTesto("\b \b");
+}
+
+// Erases the field on screen from its end; the text stays in `comando`.
+static void SvuotaCampoComando() {
+  gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
+  while (CharatteriInComando > 0) {
+    --CharatteriInComando;
+    StampaTesto("\b \b");
+  }
+}
+
+// The number at the start of the field, as "%d" reads it; false when there
+// is none, which callers treat as a value out of every range.
+static bool NumeroNelCampo(int32_t& valore) {
+  comando[CharatteriInComando] = 0;
+  int letto = 0;
+  return std::sscanf(comando, "%d", &letto) == 1 && ((valore = letto), true);
+}
+
+// ---------------------------------------------------------------------------
+// The clock and its settings.
+
+static const char* const RifiutoConOrologioInMoto =
+    "Per modificare i parametri relativi al tempo si deve prima fermare l'orologio.";
+
+void comando_OrologioInMoto() {
+  if (InMoto) {
+    Avvisa("L'orologio e' gia in moto.");
+    return;
+  }
+  if (PartitaAggiudicata()) {
+    if (dom_AggiudicataInMotoCMQ() == IDNO) return;
+    RevocaAggiudicazione();
+  }
+  OrologioInMoto();
+}
+
+void comando_FermaOrologio() {
+  if (!InMoto) {
+    Avvisa("L'orologio e' gia fermo.");
+    return;
+  }
+  FermaOrologio();
+}
+
+// "<inizio> '<description>'\n i valori ammessi ... ( min - max)."
+static void AvvisaIntervallo(const char* inizio, const RigaIni& riga) {
+  SvuotaMessaggio();
+  AggiungiTesto(inizio);
+  AggiungiTesto(" '");
+  AggiungiTesto(riga.descrizione);
+  AggiungiTesto("'\n");
+  AggiungiTesto("i valori ammessi sono compresi nell'intervallo ");
+  AggiungiTesto("( ");
+  AggiungiNumero(riga.minimo);
+  AggiungiTesto(" - ");
+  AggiungiNumero(riga.massimo);
+  AggiungiTesto(").\n");
+  Avvisa(messaggio);
+}
+
+void comando_ImpostaParametro(int indice) {
+  if (indice < 0 || indice >= NUMERO_PARAMETRI) return;
+  RigaIni& riga = ParametroIni[indice];
+  if (InMoto) {
+    Avvisa(RifiutoConOrologioInMoto);
+    return;
+  }
+  if (CharatteriInComando == 0) {
+    AvvisaIntervallo("Nessun valore specificato per", riga);
+    return;
+  }
+  int32_t valore = 0;
+  const bool letto = NumeroNelCampo(valore);
+  SvuotaCampoComando();
+  if (!letto || valore < riga.minimo || valore > riga.massimo) {
+    AvvisaIntervallo("Valore non valido per", riga);
+    return;
+  }
+  SvuotaMessaggio();
+  AggiungiTesto("Impostare");
+  AggiungiTesto(" '");
+  AggiungiTesto(riga.descrizione);
+  AggiungiTesto("' ");
+  AggiungiNumero(valore);
+  AggiungiCarattere(' ');
+  AggiungiTesto(riga.unita);
+  AggiungiCarattere('?');
+  if (Domanda(messaggio, MB_YESNO) != IDYES) return;
+  riga.valore = valore;
+  ScriviIni();
+  piattaforma::Suona(3000, 5);
+}
+
+void comando_ModificaTempo(int segno) {
+  if (InMoto) {
+    Avvisa(RifiutoConOrologioInMoto);
+    return;
+  }
+  if (CharatteriInComando == 0) {
+    Avvisa("Nessun valore specificato per i minuti.\nI valori ammessi sono compresi da 1 a 30.");
+    return;
+  }
+  int32_t minuti = 0;
+  const bool letto = NumeroNelCampo(minuti);
+  SvuotaCampoComando();
+  if (!letto || minuti < 1 || minuti > 30) {
+    Avvisa(
+        "Il valore specificato per i minuti non e' valido.\nI valori ammessi sono compresi da 1 "
+        "a 30.");
+    return;
+  }
+  int colore;
+  if (fuoco == FUOCO_TEMPO_BIANCO)
+    colore = 0;
+  else if (fuoco == FUOCO_TEMPO_NERO)
+    colore = 1;
+  else {
+    Avvisa(
+        "Per modificare il tempo e' necessario selezionare prima il colore a cui intendi aplicare "
+        "la modifica.");
+    return;
+  }
+  if (dom_ModificareTempo(segno, colore, minuti) == IDNO) return;
+  ModificaTempo(colore, segno ? -minuti : minuti);
+}
+
+void AggiornaTempoASchermo() {
+  int32_t& automatico = ParametroIni[PARAMETRO_AGGIORNAMENTO_AUTOMATICO].valore;
+  if (!InMoto || automatico == 1) return;
+  const int colore = int(ContatoreMosse & 1);
+  automatico = 1;
+  const bool caduta = AggiornaTempoVisualizzato(colore);
+  automatico = 0;
+  // White to move lands on White's time line, Black to move on the line
+  // above Black's: the two are not symmetrical, and stay so.
+  fuoco = uint32_t(colore) + 2;
+  ImpostaFocus();
+  if (caduta) CadutaBandierina(colore);
+}
+
+// ---------------------------------------------------------------------------
+// A new game.
+
+void StampaPosizione() {
+  StampaDirittiArrocco();
+  StampaMossaCorrente();
+  StampaScacchiera();
+  ImpostaFocus();
+}
+
+void NuovaPartita(const char* testo) {
+  SvuotaScacchiera();
+  if (!CaricaPosizioneDaStringaFen(testo)) {
+    char errore[256];
+    std::snprintf(errore, sizeof errore, "errore in CaricaPosizioneDaStringaFen\nstringa fen: %s\n",
+                  testo);
+    StampaTesto(errore);
+    NuovaPartita(FenIniziale);
+  }
+  CaricaTempoDaiParametri();
+  AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
+  SvuotaCampoComando();
+  InMoto = 0;
+  PrimaVoltaInMoto = 0;
+  AzzeraTempoUTC();
+  RevocaAggiudicazione();
+  StampaPosizione();
+  fuoco = FUOCO_COMANDO;
+  ImpostaFocus();
 }
 
 // ---------------------------------------------------------------------------

@@ -31,5 +31,30 @@ void comando_home();
 void comando_end();
 void comando_esci();
 
+void comando_OrologioInMoto();
+void comando_FermaOrologio();
+// `indice`: a row of the settings table; the value is read from the field.
+void comando_ImpostaParametro(int indice);
+// segno 0 adds the field's minutes to the side whose time line has the
+// focus, 1 removes them.
+void comando_ModificaTempo(int segno);
+// The manual time display key: shows the running side's time once when the
+// automatic display is off.
+void AggiornaTempoASchermo();
+
+// Redraws the panels of the position, then the cursor goes back to the focus.
+void StampaPosizione();
+
+// Starts a game from a FEN text, the standard position when it is refused.
+void NuovaPartita(const char* testo);
+
+// The keys as the help page lists them, with what each does.
+struct RigaComando {
+  const char* tasti;
+  const char* descrizione;
+};
+constexpr int NUMERO_COMANDI = 21;
+extern const RigaComando Comandi[NUMERO_COMANDI];
+
 // The save run by "Yes" to the exit question; the game record installs it.
 extern void (*SalvataggioInUscita)();

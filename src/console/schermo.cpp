@@ -1,7 +1,12 @@
 #include "console/schermo.h"
 
+#include <cstdio>
 #include <cstring>
 
+#include "board/posizione.h"
+#include "clock/cadenza.h"
+#include "clock/orologio.h"
+#include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
@@ -118,11 +123,10 @@ void StampaPannelloPrincipale() {
 // ---------------------------------------------------------------------------
 
 void StampaMessaggioCentrato(int16_t riga) {
-  // A text over 80 columns gets no padding and is cut at the end of its line,
-  // so that it never wraps onto the next panel line.
+  // A text of 80 columns or more gets no padding and is printed whole.
   const int colonne = piattaforma::COLONNE_SCHERMO;
-  const int lunghezza = InMessaggio < uint32_t(colonne) ? int(InMessaggio) : colonne;
-  const int margine = (colonne - lunghezza) / 2;
+  const int lunghezza = int(InMessaggio);
+  const int margine = lunghezza < colonne ? (colonne - lunghezza) / 2 : 0;
   gotoxy(0, riga);
   StampaRipetuto(' ', margine);
   if (lunghezza > 0) {
@@ -132,4 +136,60 @@ void StampaMessaggioCentrato(int16_t riga) {
     piattaforma::Scrivi(messaggio + 1, size_t(lunghezza - 1));
   }
   StampaRipetuto(' ', colonne - margine - lunghezza);
+}
+
+// ---------------------------------------------------------------------------
+// Information lines.
+
+const char* const stringa_diritti_arrocco[4] = {"nessuno", "solo corto", "solo lungo", "entrambi"};
+const char* const StringaStatoOrologio[2] = {"orologio fermo", "orologio in moto"};
+
+void StampaCadenza() {
+  SvuotaMessaggio();
+  AggiungiTesto("cadenza di gioco: ");
+  AggiungiTesto(Cadenza);
+  StampaMessaggioCentrato(y_cadenza);
+}
+
+void StampaDirittiArrocco() {
+  const uint64_t info = InfoPosizione;
+  const int bianco =
+      ((info & ARROCCO_CORTO_BIANCO) ? 1 : 0) | ((info & ARROCCO_LUNGO_BIANCO) ? 2 : 0);
+  const int nero = ((info & ARROCCO_CORTO_NERO) ? 1 : 0) | ((info & ARROCCO_LUNGO_NERO) ? 2 : 0);
+  SvuotaMessaggio();
+  AggiungiTesto("diritti d'arrocco: bianco ");
+  AggiungiTesto(stringa_diritti_arrocco[bianco]);
+  AggiungiTesto(", nero ");
+  AggiungiTesto(stringa_diritti_arrocco[nero]);
+  StampaMessaggioCentrato(y_diritti_arrocco);
+}
+
+void StampaMossaCorrente() {
+  SvuotaMessaggio();
+  if (!PartitaAggiudicata()) {
+    AggiungiTesto("mossa ");
+    AggiungiNumero(int64_t(ContatoreMosse / 2 + 1));
+    AggiungiTesto(", tratto al ");
+    AggiungiTesto(StringaColore[ContatoreMosse & 1]);
+    AggiungiTesto(", ");
+    AggiungiTesto(StringaStatoOrologio[InMoto ? 1 : 0]);
+  } else {
+    AggiungiTesto(CommentoRisultato);
+    AggiungiTesto(": partita aggiudicata ( ");
+    AggiungiTesto(Result);
+    AggiungiTesto(" )");
+  }
+  StampaMessaggioCentrato(y_mossa_corrente);
+}
+
+void StampaLineaTempo(int colore, int32_t secondi) {
+  // The magnitude as unsigned, so that the most negative count has one.
+  const uint32_t totale = secondi < 0 ? 0u - uint32_t(secondi) : uint32_t(secondi);
+  char testo[32];
+  std::snprintf(testo, sizeof testo, "%c%02u:%02u:%02u", secondi < 0 ? '-' : ' ', totale / 3600,
+                totale / 60 % 60, totale % 60);
+  gotoxy(x_tempo - 1, y_tempo[colore]);
+  StampaRipetuto(' ', 11);
+  gotoxy(x_tempo - 1, y_tempo[colore]);
+  StampaTesto(testo);
 }

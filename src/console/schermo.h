@@ -23,5 +23,15 @@ void StampaPannelloPrincipale();
 void StampaMessaggioCentrato(int16_t riga);
 void StampaScacchiera();
 
+extern const char* const stringa_diritti_arrocco[4];  // by 2 x queen side + king side
+extern const char* const StringaStatoOrologio[2];     // by InMoto
+
+// The information lines, each a centred sentence.
+void StampaCadenza();
+void StampaDirittiArrocco();
+void StampaMossaCorrente();
+// A side's time line: sign column 43, then hours, minutes and seconds.
+void StampaLineaTempo(int colore, int32_t secondi);
+
 // Characters at the cursor, which advances.
 void StampaTesto(const char* testo);

@@ -80,6 +80,9 @@ void EseguiComandoVisualizzatore(const char* comando);
 // crash sees the old file or the new one, never a mix. False when the file
 // could not be written; the old file is then untouched.
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
+// The same for a text with '\n' line ends, written with the system's own
+// (CR LF on Windows).
+bool SostituisciFileDiTesto(const char* nome, const char* testo, size_t lunghezza);
 // Up to `capienza` bytes from offset `inizio`: how many were read (0 at the
 // end), or -1 when the file cannot be opened or read.
 int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza);
