@@ -1,0 +1,10 @@
+#include "orologio_di_prova.h"
+
+#include "clock/orologio.h"
+
+int ChiamateFermaOrologio;
+
+void FermaOrologio() {
+  ++ChiamateFermaOrologio;
+  InMoto = 0;
+}
