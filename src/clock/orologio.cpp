@@ -1,11 +1,53 @@
 #include "clock/orologio.h"
 
 #include "board/posizione.h"
+#include "clock/cadenza.h"
+#include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
 
 int32_t TempoRimasto[2];
 uint32_t InizioTempo;
 uint32_t InMoto;
+uint32_t PrimaVoltaInMoto;
+
+int32_t TempoVisualizzato[2];
+int32_t AlarmeSuonato[2] = {ALLARME_MAI_SUONATO, ALLARME_MAI_SUONATO};
+
+SchermoOrologio SchermoDellOrologio;
+
+namespace {
+
+constexpr int32_t MILLISECONDI_AL_MINUTO = 60000;
+constexpr uint32_t FREQUENZA_BIP = 1000;
+constexpr uint32_t DURATA_BIP = 100;
+// Above hearing: a short pause that keeps two tones apart.
+constexpr uint32_t FREQUENZA_PAUSA = 50000;
+constexpr uint32_t DURATA_PAUSA = 3;
+constexpr uint32_t FREQUENZA_PERIODO = 3000;
+constexpr uint32_t DURATA_PERIODO = 5;
+
+// In unsigned arithmetic, so that a count past the 32-bit wrap still gives the
+// right difference and nothing overflows.
+void Addebita(int colore, uint32_t dal, uint32_t al) {
+  TempoRimasto[colore] = int32_t(uint32_t(TempoRimasto[colore]) + dal - al);
+}
+
+void Aggiungi(int colore, int64_t millisecondi) {
+  TempoRimasto[colore] = int32_t(uint32_t(TempoRimasto[colore]) + uint32_t(millisecondi));
+}
+
+void MostraTempoRimasto(int colore) {
+  StampaTempo(colore, SecondiInMillisecondi(TempoRimasto[colore]));
+}
+
+void MostraStato() {
+  if (SchermoDellOrologio.stato) SchermoDellOrologio.stato();
+}
+
+void Bip() { piattaforma::Suona(FREQUENZA_BIP, DURATA_BIP); }
+
+}  // namespace
 
 uint32_t Adesso() { return uint32_t(piattaforma::Millisecondi()); }
 
@@ -18,6 +60,122 @@ int32_t SecondiInMillisecondi(int32_t millisecondi) {
 
 int32_t TempoRimastoInMoto(int colore) {
   return int32_t(uint32_t(TempoRimasto[colore]) + InizioTempo - Adesso());
+}
+
+void CaricaTempoDaiParametri() {
+  const int32_t minuti = Parametro(PARAMETRO_TEMPO_PRIMO_PERIODO);
+  for (int colore = 0; colore < 2; ++colore) {
+    TempoRimasto[colore] = int32_t(int64_t(minuti) * MILLISECONDI_AL_MINUTO);
+    TempoVisualizzato[colore] = 0;
+  }
+  for (int colore = 0; colore < 2; ++colore) StampaTempo(colore, int32_t(int64_t(minuti) * 60));
+  ScriviCadenza();
+  if (SchermoDellOrologio.cadenza) SchermoDellOrologio.cadenza();
+}
+
+void OrologioInMoto() {
+  InizioTempo = Adesso();
+  // The game file records when play began, not the latest restart.
+  if (PrimaVoltaInMoto == 0) {
+    StampaTempoUTC();
+    PrimaVoltaInMoto = 1;
+  }
+  InMoto = 1;
+  MostraStato();
+  piattaforma::Suona(FREQUENZA_PAUSA, DURATA_PAUSA);
+  Bip();
+}
+
+void FermaOrologio() {
+  const uint32_t adesso = Adesso();
+  const int lato = int(ContatoreMosse & 1);
+  Addebita(lato, InizioTempo, adesso);
+  MostraTempoRimasto(lato);
+  InMoto = 0;
+  MostraStato();
+  Bip();
+  piattaforma::Suona(FREQUENZA_PAUSA, DURATA_PAUSA);
+}
+
+void PremiOrologio(int colore) {
+  const uint32_t adesso = Adesso();
+  Addebita(colore, InizioTempo, adesso);
+  InizioTempo = adesso;
+
+  // Read at every press: a change made while the clock was stopped applies
+  // from the next move on.
+  const int32_t incremento_primo = Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO);
+  if (Parametro(PARAMETRO_PERIODI) == 1) {
+    // The mover's line keeps its last shown second; the loop redraws it when
+    // its turn comes again.
+    Aggiungi(colore, int64_t(incremento_primo) * 1000);
+    return;
+  }
+
+  const int64_t mossa = int64_t(ContatoreMosse >> 1) + 1;
+  // Black's n-th move leaves the count one higher than White's n-th.
+  const int64_t limite = colore + int64_t(Parametro(PARAMETRO_MOSSE_PRIMO_PERIODO));
+  if (mossa <= limite) {
+    Aggiungi(colore, int64_t(incremento_primo) * 1000);
+  } else {
+    Aggiungi(colore, int64_t(Parametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO)) * 1000);
+  }
+  if (mossa == limite) {
+    Aggiungi(colore, int64_t(Parametro(PARAMETRO_TEMPO_SECONDO_PERIODO)) * MILLISECONDI_AL_MINUTO);
+    piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
+    Bip();
+    piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
+  }
+  MostraTempoRimasto(colore);
+}
+
+void ModificaTempo(int colore, int32_t minuti) {
+  Aggiungi(colore, int64_t(minuti) * MILLISECONDI_AL_MINUTO);
+  MostraTempoRimasto(colore);
+}
+
+bool AggiornaTempoVisualizzato(int colore) {
+  const int32_t secondi = SecondiInMillisecondi(TempoRimastoInMoto(colore));
+  if (secondi == TempoVisualizzato[colore]) return false;
+  // With the automatic display off the shown value stays behind, so the
+  // alarm checks below run on every turn; their marks keep them from
+  // sounding twice.
+  if (Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) StampaTempo(colore, secondi);
+  SuonaAlarme(colore, secondi);
+  return secondi == 0;
+}
+
+void StampaTempo(int colore, int32_t secondi) {
+  if (secondi == TempoVisualizzato[colore]) return;
+  TempoVisualizzato[colore] = secondi;
+  if (SchermoDellOrologio.tempo) SchermoDellOrologio.tempo(colore, secondi);
+}
+
+void SuonaAlarme(int colore, int32_t secondi) {
+  const bool nuovo = AlarmeSuonato[colore] != secondi;
+  for (int k = 0; k < 5; ++k) {
+    if (int64_t(Parametro(PARAMETRO_ALLARME1 + k)) * 60 == secondi && nuovo) {
+      Bip();
+      Bip();
+      AlarmeSuonato[colore] = secondi;
+      return;
+    }
+  }
+  if (secondi >= 1 && secondi <= 3 && nuovo) Bip();
+  AlarmeSuonato[colore] = secondi;
+}
+
+int dom_ModificareTempo(int segno, int colore, int32_t minuti) {
+  SvuotaMessaggio();
+  AggiungiTesto(segno == 0 ? "Aggiungere al" : "Sottrarre al");
+  AggiungiCarattere(' ');
+  AggiungiTesto(StringaColore[colore]);
+  AggiungiCarattere(' ');
+  AggiungiNumero(minuti);
+  AggiungiCarattere(' ');
+  AggiungiTesto("minuti");
+  AggiungiCarattere('?');
+  return Domanda(messaggio, MB_YESNO);
 }
 
 int64_t AttesaProssimoSecondo() {

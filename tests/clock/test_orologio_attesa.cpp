@@ -1,11 +1,11 @@
 #include <cstdint>
 #include <limits>
 
-#include "ambiente_console.h"
+#include "ambiente_orologio.h"
 
 namespace {
 
-class OrologioAttesa : public AmbienteConsole {};
+class OrologioAttesa : public AmbienteOrologio {};
 
 TEST_F(OrologioAttesa, SecondiArrotondatiPerEccesso) {
   EXPECT_EQ(SecondiInMillisecondi(1), 1);

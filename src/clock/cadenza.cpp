@@ -1,0 +1,78 @@
+#include "clock/cadenza.h"
+
+#include <cstdio>
+
+#include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
+
+char Cadenza[64];
+char DataUTC[16] = "?";
+char OraUTC[12] = "?";
+
+namespace {
+
+// Appends to Cadenza, dropping what does not fit.
+struct Scrittura {
+  size_t usati = 0;
+
+  Scrittura() { Cadenza[0] = 0; }
+
+  void Testo(const char* testo) {
+    while (*testo && usati < sizeof Cadenza - 1) Cadenza[usati++] = *testo++;
+    Cadenza[usati] = 0;
+  }
+  void Numero(int64_t numero) {
+    // The magnitude as unsigned, so that the most negative value has one.
+    uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
+    char cifre[21];
+    int n = 0;
+    do {
+      cifre[n++] = char('0' + resto % 10);
+      resto /= 10;
+    } while (resto);
+    if (numero < 0) Testo("-");
+    char testo[2] = {};
+    while (n) {
+      testo[0] = cifre[--n];
+      Testo(testo);
+    }
+  }
+  // A zero increment is left out: "300", not "300+0".
+  void Incremento(int32_t secondi) {
+    if (secondi == 0) return;
+    Testo("+");
+    Numero(secondi);
+  }
+};
+
+}  // namespace
+
+void ScriviCadenza() {
+  Scrittura s;
+  const int64_t primo = int64_t(Parametro(PARAMETRO_TEMPO_PRIMO_PERIODO)) * 60;
+  if (Parametro(PARAMETRO_PERIODI) != 1) {
+    s.Numero(Parametro(PARAMETRO_MOSSE_PRIMO_PERIODO));
+    s.Testo("/");
+    s.Numero(primo);
+    s.Incremento(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO));
+    s.Testo(":");
+    s.Numero(int64_t(Parametro(PARAMETRO_TEMPO_SECONDO_PERIODO)) * 60);
+    s.Incremento(Parametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO));
+  } else {
+    s.Numero(primo);
+    s.Incremento(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO));
+  }
+}
+
+void StampaTempoUTC() {
+  const piattaforma::DataOraUTC ora = piattaforma::OraUTC();
+  std::snprintf(DataUTC, sizeof DataUTC, "%d.%02d.%02d", ora.anno, ora.mese, ora.giorno);
+  std::snprintf(OraUTC, sizeof OraUTC, "%02d:%02d:%02d", ora.ora % 24, ora.minuto, ora.secondo);
+}
+
+void AzzeraTempoUTC() {
+  DataUTC[0] = '?';
+  DataUTC[1] = 0;
+  OraUTC[0] = '?';
+  OraUTC[1] = 0;
+}
