@@ -9,6 +9,8 @@
 #include "console/schermo.h"
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];

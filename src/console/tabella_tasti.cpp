@@ -1,5 +1,7 @@
 #include "console/tabella_tasti.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 using G = GruppoTasti;

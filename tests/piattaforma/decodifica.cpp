@@ -13,6 +13,7 @@
 namespace {
 
 using namespace piattaforma::terminale;
+using namespace piattaforma::win32;
 
 constexpr DWORD CTRL = LEFT_CTRL_PRESSED;
 constexpr DWORD ALT = LEFT_ALT_PRESSED;

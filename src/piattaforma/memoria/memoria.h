@@ -11,6 +11,8 @@
 
 namespace memoria {
 
+using namespace piattaforma::win32;
+
 // Everything back to a blank screen, empty queues, clock at 0.
 void Azzera();
 
