@@ -1,5 +1,5 @@
 // The one interface to the outside world: terminal or console, keyboard,
-// message boxes, tones, time, file viewer and process exit. Each platform
+// message boxes, tones, time, files, file viewer and process exit. Each platform
 // implements it in its own folder (posix, windows) and the in-memory backend
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
@@ -67,6 +67,22 @@ struct DataOraUTC {
   int anno, mese, giorno, ora, minuto, secondo;
 };
 DataOraUTC OraUTC();
+
+// Files in the working directory. Every file the program writes is replaced
+// whole through SostituisciFile: the bytes go to a temporary file in the same
+// folder, are flushed to disk and renamed over the old one, so a reader or a
+// crash sees the old file or the new one, never a mix. False when the file
+// could not be written; the old file is then untouched.
+bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
+// Up to `capienza` bytes from offset `inizio`: how many were read (0 at the
+// end), or -1 when the file cannot be opened or read.
+int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza);
+// Appends the bytes and flushes them to disk before returning (creating the
+// file when missing). False when not all of them were written.
+bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
+// Renames a file (replacing `nuovo` if it exists); removes a file. False on failure.
+bool RinominaFile(const char* vecchio, const char* nuovo);
+bool EliminaFile(const char* nome);
 
 // The command line that opens `file` in the viewer the system associates
 // with it, and running such a line (the screen is redrawn afterwards when the
