@@ -57,6 +57,28 @@ constexpr int RispostaPredefinita(unsigned stile) {
   }
 }
 
+// Choices of the user interface that the platform carries out but does not
+// make; the console installs its own at start-up. Until then the platform is
+// neutral: prefixes make no sound and only Enter (the first button) and Esc
+// (Cancel, or OK in a box without it) answer a message box. The Windows
+// console's own message box ignores the letters.
+struct TonoPrefisso {
+  uint32_t frequenza, durata;  // durata 0: silent
+};
+struct LetteraRisposta {
+  char lettera;  // upper case, as the key's virtual-key code
+  int risposta;  // IDYES, IDNO, IDCANCEL or IDOK; only where the box has that button
+};
+constexpr int MASSIMO_LETTERE_RISPOSTA = 8;
+struct PoliticaInterfaccia {
+  // The sticky key prefixes of terminals without the real chords.
+  TonoPrefisso tono_annullato{}, tono_alt{}, tono_ctrl{}, tono_ctrl_shift{};
+  int lettere = 0;
+  LetteraRisposta lettera[MASSIMO_LETTERE_RISPOSTA]{};
+};
+void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica);
+const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
+
 // A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
 // frequencies above hearing are pauses of the same length.
 void Suona(uint32_t frequenza, uint32_t durata);

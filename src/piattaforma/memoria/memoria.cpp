@@ -48,6 +48,7 @@ struct Stato {
   size_t capienza_file = std::numeric_limits<size_t>::max();
   bool sola_lettura = false;
   size_t scritture = 0;
+  piattaforma::PoliticaInterfaccia politica;
 };
 
 Stato& S() {
@@ -253,6 +254,9 @@ bool EliminaFile(const char* nome) {
   if (!memoria::NomeValido(nome) || S().sola_lettura) return false;
   return S().file.erase(nome) > 0;
 }
+
+void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }
+const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return S().politica; }
 
 void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
 

@@ -15,7 +15,7 @@ namespace memoria {
 using namespace piattaforma::win32;
 
 // Everything back to a blank screen, empty queues, clock at 0, no files and
-// no limits on them.
+// no limits on them, the neutral interface policy.
 void Azzera();
 
 // The screen follows the console: '\b' one column left (not past the
