@@ -95,6 +95,8 @@ DataOraUTC OraUTC();
 // folder, are flushed to disk and renamed over the old one, so a reader or a
 // crash sees the old file or the new one, never a mix. False when the file
 // could not be written; the old file is then untouched.
+// (The temporary file is `nome` followed by ".tmp"; one left by a crash is
+// replaced at the next save.)
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
 // Up to `capienza` bytes from offset `inizio`: how many were read (0 at the
 // end), or -1 when the file cannot be opened or read.
