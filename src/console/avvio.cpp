@@ -12,6 +12,8 @@
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
+using namespace piattaforma::win32;
+
 char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];

@@ -13,6 +13,8 @@
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
+using namespace piattaforma::win32;
+
 char comando[MASSIMO_CARATTERI_COMANDO + 1];
 uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";

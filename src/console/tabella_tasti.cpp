@@ -3,6 +3,8 @@
 #include "console/comandi.h"
 #include "game/aggiudicazione.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 using G = GruppoTasti;
