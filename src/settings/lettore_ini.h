@@ -1,0 +1,41 @@
+// The reader of pendrino.ini's text, fed in pieces of any length, so that the
+// file (read in blocks) and a text in memory go through the same steps and
+// cannot disagree. Only the lines introduced by '$' carry data: a key word
+// and a decimal number, each read as scanf reads "%s" and "%d".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "settings/parametri.h"
+
+class LettoreIni {
+ public:
+  // Before the first piece: every row at its default, none found yet.
+  void Avvia();
+  // The next piece of the text. False once an unknown key has stopped the
+  // reading (the table is then back at its defaults); later pieces are ignored.
+  bool Leggi(const char* testo, size_t lunghezza);
+  // The end of the text: a setting cut short by it is completed first.
+  EsitoIni Fine();
+
+  static constexpr uint16_t TUTTE_LE_RIGHE = (1u << NUMERO_PARAMETRI) - 1;
+  uint16_t Trovate() const { return trovate_; }
+
+ private:
+  enum class Stato { Fuori, PrimaDellaChiave, Chiave, PrimaDelNumero, Segno, Cifre, Fermo };
+
+  void Carattere(char c);
+  void ChiaveLetta();
+  void NumeroLetto(bool leggibile);
+  void Ferma();
+
+  Stato stato_ = Stato::Fuori;
+  char chiave_[64] = {};
+  size_t lunghezza_chiave_ = 0;
+  int riga_ = 0;
+  bool negativo_ = false;
+  bool troppo_grande_ = false;
+  uint64_t modulo_ = 0;
+  uint16_t trovate_ = 0;
+};
