@@ -5,6 +5,7 @@
 #include "board/posizione.h"
 #include "clock/orologio.h"
 #include "console/comandi.h"
+#include "console/politica_interfaccia.h"
 #include "console/schermo.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
@@ -42,6 +43,7 @@ static void InstallaSchermi() {
 }
 
 void inizializza() {
+  InstallaPoliticaInterfaccia();
   piattaforma::ComponiComandoVisualizzatore(ComandoVisualizzaListaMosse,
                                             sizeof ComandoVisualizzaListaMosse, "ListaMosse.txt");
   piattaforma::ComponiComandoVisualizzatore(ComandoVisualizzaListaComandi,

@@ -10,7 +10,6 @@
 #include "board/posizione.h"
 #include "clock/orologio.h"
 #include "messaggi/messaggi.h"
-#include "orologio_di_prova.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
@@ -28,6 +27,10 @@ constexpr int MINUTO = 60000;
 int Ridisegni = 0;
 void ContaRidisegno() { ++Ridisegni; }
 
+// The clock redraws its state line once when it stops; nothing else in these
+// tests starts or stops it.
+int ChiamateFermaOrologio = 0;
+
 class Aggiudicazione : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -43,11 +46,16 @@ class Aggiudicazione : public ::testing::Test {
     InMoto = 0;
     TempoRimasto[0] = TempoRimasto[1] = MINUTO;
     ChiamateFermaOrologio = 0;
+    SchermoDellOrologio = {};
+    SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
     Ridisegni = 0;
     SchermoDellaPartita.mossa_corrente = ContaRidisegno;
     Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
   }
-  void TearDown() override { SchermoDellaPartita.mossa_corrente = nullptr; }
+  void TearDown() override {
+    SchermoDellaPartita.mossa_corrente = nullptr;
+    SchermoDellOrologio = {};
+  }
 
   static void Carica(const char* fen) {
     SvuotaScacchiera();
