@@ -6,6 +6,8 @@
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
+using namespace piattaforma::win32;
+
 int32_t TempoRimasto[2];
 uint32_t InizioTempo;
 uint32_t InMoto;

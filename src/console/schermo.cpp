@@ -10,6 +10,8 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 void gotoxy(int16_t x, int16_t y) { piattaforma::PosizionaCursore(x, y); }
 
 void StampaTesto(const char* testo) { piattaforma::Scrivi(testo, std::strlen(testo)); }

@@ -8,6 +8,8 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 char Result[8] = "*";
 char Termination[64] = "?";
 char CommentoRisultato[64] = "";

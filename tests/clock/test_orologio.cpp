@@ -6,6 +6,8 @@
 
 #include "ambiente_orologio.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 using ::testing::ElementsAre;

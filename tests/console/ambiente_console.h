@@ -9,8 +9,10 @@
 #include "clock/orologio.h"
 #include "console/comandi.h"
 #include "console/schermo.h"
+#include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "settings/parametri.h"
 
 class AmbienteConsole : public ::testing::Test {
  protected:
@@ -25,6 +27,14 @@ class AmbienteConsole : public ::testing::Test {
     SalvataggioInUscita = nullptr;
     SvuotaMessaggio();
     DopoFinestra = ImpostaFocus;
+    // A settings file with the defaults, so that start-up reads it quietly;
+    // the open game of a fresh start.
+    DefaultIni();
+    ScriviIni();
+    RevocaAggiudicazione();
+    PrimaVoltaInMoto = 0;
+    TempoVisualizzato[0] = TempoVisualizzato[1] = 0;
+    AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
   }
 
   // The whole screen, line after line, to compare before and after.

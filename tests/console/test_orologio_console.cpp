@@ -12,6 +12,8 @@
 #include "game/aggiudicazione.h"
 #include "settings/parametri.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 constexpr DWORD CTRL = LEFT_CTRL_PRESSED;
@@ -19,12 +21,6 @@ constexpr DWORD ALT = LEFT_ALT_PRESSED;
 
 class OrologioConsole : public AmbienteConsole {
  protected:
-  void SetUp() override {
-    AmbienteConsole::SetUp();
-    DefaultIni();
-    ScriviIni();
-  }
-
   // Start-up as the program does it, with the settings file as it stands.
   static void Avvia() {
     inizializza();
@@ -38,12 +34,23 @@ class OrologioConsole : public AmbienteConsole {
     return std::string(margine, ' ') + frase + std::string(80 - margine - frase.size(), ' ');
   }
 
+  // Letters and digits as keys; other characters as a national layout's
+  // shifted digit would bring them.
   static void Digita(const std::string& testo) {
     for (char c : testo) {
-      const char maiuscolo = (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
-      memoria::AccodaTasto(WORD(maiuscolo), 0, c);
+      if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) {
+        const char maiuscolo = (c >= 'a' && c <= 'z') ? char(c - 'a' + 'A') : c;
+        memoria::AccodaTasto(WORD(maiuscolo), 0, c);
+      } else {
+        memoria::AccodaTasto(WORD('0'), SHIFT_PRESSED, c);
+      }
     }
     TurnoCiclo();
+  }
+  // With the clock running and no key waiting, a turn of the loop waits for
+  // the next shown second: one turn is one second.
+  static void Secondi(int n) {
+    for (int i = 0; i < n; ++i) TurnoCiclo();
   }
   static void Tasto(WORD codice, DWORD stato = 0) {
     memoria::AccodaTasto(codice, stato);
@@ -146,12 +153,11 @@ TEST_F(OrologioConsole, IlTempoScorreSullaRigaDelBiancoOgniSecondo) {
   memoria::AvanzaMillisecondi(999);
   TurnoCiclo();
   EXPECT_EQ(Tempo(0), " 00:05:00") << "299.001 s still show as 300";
-  memoria::AvanzaMillisecondi(1);
+  EXPECT_EQ(memoria::Attese().back(), 1) << "the wait ends as the shown second changes";
   TurnoCiclo();
   EXPECT_EQ(Tempo(0), " 00:04:59");
-  memoria::AvanzaMillisecondi(61000);
-  TurnoCiclo();
-  EXPECT_EQ(Tempo(0), " 00:03:58");
+  Secondi(60);
+  EXPECT_EQ(Tempo(0), " 00:03:59");
   EXPECT_EQ(Tempo(1), " 00:05:00");
   EXPECT_EQ(memoria::CursoreX(), 44);
   EXPECT_EQ(memoria::CursoreY(), 40);
@@ -222,7 +228,7 @@ TEST_F(OrologioConsole, ImpostaParametroSenzaValore) {
 
 TEST_F(OrologioConsole, ImpostaParametroFuoriIntervalloDopoAverSvuotatoIlCampo) {
   Avvia();
-  for (const char* testo : {"3", "0", "abc", "-1"}) {
+  for (const char* testo : {"3", "0", "abc", "-1", "+"}) {
     SCOPED_TRACE(testo);
     Digita(testo);
     Tasto('P', CTRL);
@@ -359,9 +365,9 @@ TEST_F(OrologioConsole, TastoTConAggiornamentoSpentoMostraUnaVoltaEPortaIlFuoco)
   Avvia();
   memoria::ImpostaMillisecondi(0);
   Tasto(VK_RETURN, CTRL);
-  memoria::AvanzaMillisecondi(3000);
-  TurnoCiclo();
+  Secondi(3);
   EXPECT_EQ(Tempo(0), " 02:00:00") << "the line does not move by itself";
+  EXPECT_EQ(TempoRimastoInMoto(0), 120 * 60000 - 3000);
   Tasto('T');
   EXPECT_EQ(Tempo(0), " 01:59:57");
   EXPECT_EQ(fuoco, 2u);
@@ -441,13 +447,13 @@ TEST_F(OrologioConsole, CadutaDellaBandierinaDalCiclo) {
   EXPECT_EQ(Tempo(0), " 00:00:01");
   const size_t toni = memoria::Toni().size();
   memoria::AccodaRisposta(IDYES);
-  memoria::AvanzaMillisecondi(1000);
   TurnoCiclo();
   EXPECT_EQ(Tempo(0), " 00:00:00");
   ASSERT_EQ(Finestre(), 1u);
   EXPECT_EQ(UltimaFinestra().testo,
             "al bianco e' finito il tempo: Aggiudicare la partita ( 0-1 )?");
-  EXPECT_EQ(ToniDa(toni), (Toni{{1000, 100}, {1000, 100}}));
+  // The flag's two tones, then the clock's as the adjudication stops it.
+  EXPECT_EQ(ToniDa(toni), (Toni{{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}}));
   EXPECT_STREQ(Result, "0-1");
   EXPECT_STREQ(Termination, "time forfeit");
   EXPECT_EQ(InMoto, 0u);
@@ -478,8 +484,12 @@ TEST_F(OrologioConsole, OgniPosizioneDelFuocoPortaIlCursoreSullaSuaFrase) {
     EXPECT_EQ(memoria::CursoreY(), attese[f].riga);
     EXPECT_EQ(memoria::CursoreX(), f == 0 ? 44 : 0);
     const std::string riga = memoria::Riga(attese[f].riga);
-    if (!attese[f].frase.empty()) EXPECT_NE(riga.find(attese[f].frase), std::string::npos) << riga;
-    if (f == 1 || f == 2) EXPECT_EQ(riga.substr(43, 9), " 02:00:00");
+    if (!attese[f].frase.empty()) {
+      EXPECT_NE(riga.find(attese[f].frase), std::string::npos) << riga;
+    }
+    if (f == 1 || f == 2) {
+      EXPECT_EQ(riga.substr(43, 9), " 02:00:00");
+    }
     Tasto(VK_UP);
   }
 }

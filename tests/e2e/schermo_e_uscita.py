@@ -17,7 +17,7 @@ import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import Fallito, Terminale, capacita  # noqa: E402
+from terminale_pty import Fallito, Terminale, capacita, scrivi_impostazioni  # noqa: E402
 
 CAVALLO = [
     "    /\\^__",
@@ -111,6 +111,7 @@ def controlla_domanda(t, errori):
 def prova(binario, terminale):
     errori = []
     with tempfile.TemporaryDirectory(prefix="pendrino-e2e-") as cartella:
+        scrivi_impostazioni(cartella)
         t = Terminale("/bin/sh", ["-c", INVOLUCRO, binario], terminale, cartella)
         try:
             t.attendi(lambda: t.riga(40)[27:37] == "Comando =>" and t.cursore() == (44, 40),

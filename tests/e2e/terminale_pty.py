@@ -118,3 +118,36 @@ class Terminale:
     def termina(self):
         if not self.finito and self.figlio.isalive():
             self.figlio.terminate(force=True)
+
+
+# The settings rows: key, description, unit, default, minimum, maximum.
+PARAMETRI = [
+    ("periodi", "periodi", "periodi", 1, 1, 2),
+    ("mosse_primo_periodo", "mosse primo periodo", "mosse", 40, 10, 100),
+    ("tempo_primo_periodo", "tempo primo periodo", "minuti", 120, 1, 720),
+    ("incremento_primo_periodo", "incremento primo periodo", "secondi", 0, 0, 600),
+    ("tempo_secondo_periodo", "tempo secondo periodo", "minuti", 30, 1, 720),
+    ("incremento_secondo_periodo", "incremento secondo periodo", "secondi", 0, 0, 600),
+    ("aggiornamento_automatico_a_schermo",
+     "Aggiornamento automatico a schermo del tempo in moto", "valore booleano", 1, 0, 1),
+    ("allarme1", "primo allarme", "minuti", 15, 0, 720),
+    ("allarme2", "secondo allarme", "minuti", 30, 0, 720),
+    ("allarme3", "terzo allarme", "minuti", 60, 0, 720),
+    ("allarme4", "quarto allarme", "minuti", 90, 0, 720),
+    ("allarme5", "quinto allarme", "minuti", 120, 0, 720),
+]
+
+
+def testo_impostazioni(**valori):
+    """pendrino.ini as the program writes it, with `valori` by key."""
+    testo = ""
+    for chiave, descrizione, unita, default, minimo, massimo in PARAMETRI:
+        testo += (f"\n{descrizione} ({unita}) min: {minimo} max: {massimo} default: {default}\n"
+                  f"$\t{chiave}\t{valori.get(chiave, default)}\n")
+    return testo
+
+
+def scrivi_impostazioni(cartella, **valori):
+    """A settings file in the program's working folder, so that it starts quietly."""
+    with open(os.path.join(cartella, "pendrino.ini"), "w", newline="\n") as f:
+        f.write(testo_impostazioni(**valori))

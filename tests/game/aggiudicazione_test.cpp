@@ -12,6 +12,8 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 // Read during dynamic initialisation, before any test can adjudicate: the
@@ -363,7 +365,8 @@ TEST_F(Aggiudicazione, BandierinaDelBiancoConIlNeroCheVinceAssegnaLaSconfitta) {
   InMoto = 1;
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
-  ToniSono({{1000, 100}, {1000, 100}});
+  // The flag's two tones, then the clock's as it stops.
+  ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
   UnaFinestra(PERSA_BIANCO, DOMANDA);
   StatoE("0-1", "time forfeit", "al bianco e' finito il tempo");
   EXPECT_EQ(ChiamateFermaOrologio, 1);
@@ -407,7 +410,7 @@ TEST_F(Aggiudicazione, EntrambeLeBandierineConTempoZero) {
   InMoto = 1;
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
-  ToniSono({{1000, 100}, {1000, 100}});
+  ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
   UnaFinestra(ENTRAMBI, DOMANDA);
   StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
   EXPECT_EQ(ChiamateFermaOrologio, 1);
@@ -452,7 +455,7 @@ TEST_F(Aggiudicazione, PattaDaccordoSi) {
   StatoE("1/2-1/2", "By agreement", "Patta d'accordo");
   EXPECT_EQ(ChiamateFermaOrologio, 1);
   EXPECT_EQ(Ridisegni, 1);
-  EXPECT_TRUE(memoria::Toni().empty());
+  ToniSono({{1000, 100}, {50000, 3}});  // only the clock's, as it stops
 }
 
 TEST_F(Aggiudicazione, PattaDaccordoNo) {

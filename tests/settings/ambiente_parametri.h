@@ -16,6 +16,8 @@
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
 
+using namespace piattaforma::win32;
+
 namespace ini {
 
 // In POSIX form; Testo() gives it the platform's line ends.
