@@ -65,24 +65,29 @@ constexpr ChiaveArrocco ChiaviArrocco[4] = {
 
 }  // namespace
 
-void ControllaChiaviHash() {
-  const uint64_t* bianco = hash_pedone_bianco_in;
-  const uint64_t* nero = hash_pedone_nero_in;
+const TabelleChiavi TabelleChiaviDelProgramma = {hash_in, HashSpostaPedone_in, HashSpostaPedone2In,
+                                                 HashCatturaEnpassantIn};
+
+void ControllaChiaviHash(const TabelleChiavi& tabelle) {
+  const uint64_t* bianco = tabelle.base[BIANCO][PEDONE];
+  const uint64_t* nero = tabelle.base[NERO][PEDONE];
+  const uint64_t* sposta2 = tabelle.sposta_pedone2;
+  const uint64_t* enpassant = tabelle.cattura_enpassant;
   for (int t = 32; t <= 39; ++t) {
-    if (HashSpostaPedone2In[t] != (bianco[t] ^ bianco[t + 16])) puts("errore1");
-    if (HashCatturaEnpassantIn[t] != (nero[t + 8] ^ bianco[t])) puts("errore2");
+    if (sposta2[t] != (bianco[t] ^ bianco[t + 16])) puts("errore1");
+    if (enpassant[t] != (nero[t + 8] ^ bianco[t])) puts("errore2");
   }
   for (int t = 24; t <= 31; ++t) {
-    if (HashSpostaPedone2In[t] != (nero[t] ^ nero[t - 16])) puts("errore3");
-    if (HashCatturaEnpassantIn[t] != (bianco[t - 8] ^ nero[t])) puts("errore4");
+    if (sposta2[t] != (nero[t] ^ nero[t - 16])) puts("errore3");
+    if (enpassant[t] != (bianco[t - 8] ^ nero[t])) puts("errore4");
   }
   for (int t = 8; t <= 47; ++t)
-    if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) puts("errore5");
+    if (tabelle.sposta_pedone[BIANCO][t] != (bianco[t] ^ bianco[t + 8])) puts("errore5");
   for (int t = 16; t <= 55; ++t)
-    if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) puts("errore6");
+    if (tabelle.sposta_pedone[NERO][t] != (nero[t] ^ nero[t - 8])) puts("errore6");
   for (const ChiaveArrocco& a : ChiaviArrocco) {
-    const uint64_t* re = hash_in[a.colore][RE];
-    const uint64_t* torre = hash_in[a.colore][TORRE];
+    const uint64_t* re = tabelle.base[a.colore][RE];
+    const uint64_t* torre = tabelle.base[a.colore][TORRE];
     if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
       puts(a.etichetta);
   }
