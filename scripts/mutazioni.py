@@ -281,9 +281,13 @@ def main():
     conteggio = {e: sum(m.esito == e for m in mutazioni)
                  for e in ("KILLED", "SURVIVED", "NOT APPLIED", "NOT BUILT")}
     print()
-    for m in mutazioni:
-        if m.esito == "NOT APPLIED":
+    non_applicate = [m for m in mutazioni if m.esito == "NOT APPLIED"]
+    if non_applicate:
+        # Loud: after code has moved, these lines of the list need fixing.
+        print("!" * 72)
+        for m in non_applicate:
             print(f"NOT APPLIED: {ELENCO.name} line {m.riga} ({m.nome}): {m.dettaglio}")
+        print("!" * 72)
     print(f"Mutations: {len(mutazioni)}; killed {conteggio['KILLED']}, "
           f"survived {conteggio['SURVIVED']}, not applied {conteggio['NOT APPLIED']}, "
           f"not built {conteggio['NOT BUILT']}; {Durata(time.monotonic() - inizio)}")
