@@ -2,7 +2,9 @@
 #
 #   make run     release build, then Pendrino in this terminal
 #   make test    sanitizer build and every test, then the Windows cross-build
-#                and its unit tests under wine
+#                and its unit tests under wine; ends with a summary that lists
+#                every skipped test with its reason
+#   make mutate  small deliberate bugs, one at a time: do the unit tests fail?
 #   make bench   benchmarks
 #   make fuzz    the FEN loader fuzzer (clang), FUZZ_SECONDI=60
 #   make format  clang-format on every source file (format-check: only list)
@@ -27,10 +29,17 @@ export ASAN_OPTIONS := detect_leaks=1
 export UBSAN_OPTIONS := print_stacktrace=1:halt_on_error=1
 WINE_AMBIENTE := WINEPREFIX=$(CURDIR)/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 
-.PHONY: help run test test-native test-windows bench fuzz format format-check clean
+.PHONY: help run test test-native test-windows mutate bench fuzz format format-check clean
 
 help:
-	@sed -n '3,9s/^# //p' Makefile
+	@sed -n '3,12s/^# //p' Makefile
+
+# ctest's JUnit files feed the summary that ends every test target: runs,
+# failures, and each skipped test with its reason (scripts/riassunto_test.py).
+PYTHON_SISTEMA := $(firstword $(wildcard /usr/bin/python3) python3)
+RIASSUNTO := $(PYTHON_SISTEMA) scripts/riassunto_test.py
+JUNIT_NATIVO := $(CURDIR)/build/test/ctest-junit.xml
+JUNIT_WINDOWS := $(CURDIR)/build/windows/ctest-junit.xml
 
 run:
 	@$(INSTALLA) run
@@ -38,16 +47,30 @@ run:
 	cmake --build build/release -j$(JOBS) --target pendrino
 	./build/release/pendrino
 
+# The Windows build runs only after the native one passed; the summary comes
+# last either way.
 test:
 	@$(INSTALLA) test
-	@$(MAKE) test-native
-	@$(MAKE) test-windows
+	@rm -f $(JUNIT_NATIVO) $(JUNIT_WINDOWS) $(JUNIT_WINDOWS).saltato
+	@stato=0; \
+	$(MAKE) test-native RIASSUNTO_FINALE= || stato=$$?; \
+	if [ $$stato -eq 0 ]; then $(MAKE) test-windows RIASSUNTO_FINALE= || stato=$$?; fi; \
+	$(RIASSUNTO) build/test=$(JUNIT_NATIVO) build/windows=$(JUNIT_WINDOWS); \
+	exit $$stato
+
+# Set empty by `make test`, which prints one summary for both builds.
+RIASSUNTO_FINALE = 1
 
 test-native:
 	@$(INSTALLA) test
 	cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug -DPENDRINO_SANITIZE=ON -DPENDRINO_WERROR=ON
 	cmake --build build/test -j$(JOBS)
-	ctest --test-dir build/test --output-on-failure --timeout 600
+	@rm -f $(JUNIT_NATIVO) $(JUNIT_NATIVO).saltato
+	@stato=0; \
+	ctest --test-dir build/test --output-on-failure --timeout 600 \
+	  --output-junit $(JUNIT_NATIVO) || stato=$$?; \
+	if [ -n "$(RIASSUNTO_FINALE)" ]; then $(RIASSUNTO) build/test=$(JUNIT_NATIVO); fi; \
+	exit $$stato
 
 # Only the unit-test programs run under wine: a console program cannot be
 # driven through a pipe there. One persistent wineserver serves every test;
@@ -55,8 +78,12 @@ test-native:
 # which would otherwise wait for them to close its pipes.
 test-windows:
 	@$(INSTALLA) test
+	@rm -f $(JUNIT_WINDOWS) $(JUNIT_WINDOWS).saltato
 	@if [ "$$(uname -s)" = Darwin ] && ! command -v wine >/dev/null; then \
-	  echo "wine is not installed: Windows cross-build skipped"; exit 0; fi; \
+	  echo "wine is not installed: Windows cross-build skipped"; \
+	  mkdir -p build/windows; \
+	  echo "wine is not installed: Windows cross-build skipped" > $(JUNIT_WINDOWS).saltato; \
+	  exit 0; fi; \
 	set -x; \
 	cmake -S . -B build/windows --toolchain cmake/mingw-w64.cmake \
 	  -DCMAKE_BUILD_TYPE=Release -DPENDRINO_WERROR=ON; \
@@ -66,9 +93,18 @@ test-windows:
 	$(WINE_AMBIENTE) wineserver -p; \
 	$(WINE_AMBIENTE) wineboot --init </dev/null >build/wine/wineboot.log 2>&1; \
 	stato=0; \
-	$(WINE_AMBIENTE) ctest --test-dir build/windows --output-on-failure --timeout 600 || stato=$$?; \
+	$(WINE_AMBIENTE) ctest --test-dir build/windows --output-on-failure --timeout 600 \
+	  --output-junit $(JUNIT_WINDOWS) || stato=$$?; \
 	$(WINE_AMBIENTE) wineserver -k || true; \
+	{ set +x; } 2>/dev/null; \
+	if [ -n "$(RIASSUNTO_FINALE)" ]; then $(RIASSUNTO) build/windows=$(JUNIT_WINDOWS); fi; \
 	exit $$stato
+
+# Not part of `make test`: a few minutes. Builds its own copy of the tree in
+# build/mutazioni (without sanitizers) and reuses it from one run to the next.
+mutate:
+	@$(INSTALLA) test
+	$(PYTHON_SISTEMA) scripts/mutazioni.py --jobs $(JOBS)
 
 bench:
 	@$(INSTALLA) bench

@@ -65,24 +65,30 @@ constexpr ChiaveArrocco ChiaviArrocco[4] = {
 
 }  // namespace
 
-void ControllaChiaviHash() {
-  const uint64_t* bianco = hash_pedone_bianco_in;
-  const uint64_t* nero = hash_pedone_nero_in;
+const TabelleChiavi TabelleChiaviDelProgramma = {hash_in, HashSpostaPedone_in, HashSpostaPedone2In,
+                                                 HashCatturaEnpassantIn};
+
+void ControllaChiaviHash(const TabelleChiavi& tabelle) {
+  const uint64_t* bianco = tabelle.base[BIANCO][PEDONE];
+  const uint64_t* nero = tabelle.base[NERO][PEDONE];
+  const uint64_t* sposta2 = tabelle.sposta_pedone2;
+  const uint64_t* enpassant = tabelle.cattura_enpassant;
   for (int t = 32; t <= 39; ++t) {
-    if (HashSpostaPedone2In[t] != (bianco[t] ^ bianco[t + 16])) ScriviDiagnostica("errore1\n");
-    if (HashCatturaEnpassantIn[t] != (nero[t + 8] ^ bianco[t])) ScriviDiagnostica("errore2\n");
+    if (sposta2[t] != (bianco[t] ^ bianco[t + 16])) ScriviDiagnostica("errore1\n");
+    if (enpassant[t] != (nero[t + 8] ^ bianco[t])) ScriviDiagnostica("errore2\n");
   }
   for (int t = 24; t <= 31; ++t) {
-    if (HashSpostaPedone2In[t] != (nero[t] ^ nero[t - 16])) ScriviDiagnostica("errore3\n");
-    if (HashCatturaEnpassantIn[t] != (bianco[t - 8] ^ nero[t])) ScriviDiagnostica("errore4\n");
+    if (sposta2[t] != (nero[t] ^ nero[t - 16])) ScriviDiagnostica("errore3\n");
+    if (enpassant[t] != (bianco[t - 8] ^ nero[t])) ScriviDiagnostica("errore4\n");
   }
   for (int t = 8; t <= 47; ++t)
-    if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) ScriviDiagnostica("errore5\n");
+    if (tabelle.sposta_pedone[BIANCO][t] != (bianco[t] ^ bianco[t + 8]))
+      ScriviDiagnostica("errore5\n");
   for (int t = 16; t <= 55; ++t)
-    if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) ScriviDiagnostica("errore6\n");
+    if (tabelle.sposta_pedone[NERO][t] != (nero[t] ^ nero[t - 8])) ScriviDiagnostica("errore6\n");
   for (const ChiaveArrocco& a : ChiaviArrocco) {
-    const uint64_t* re = hash_in[a.colore][RE];
-    const uint64_t* torre = hash_in[a.colore][TORRE];
+    const uint64_t* re = tabelle.base[a.colore][RE];
+    const uint64_t* torre = tabelle.base[a.colore][TORRE];
     if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
       ScriviDiagnostica("%s\n", a.etichetta);
   }
@@ -186,6 +192,6 @@ void ControllaPosizione(int dopo_ritira) {
     ScriviDiagnostica("DopoFaiLaMossa %d ", int(semimossa));
   uint64_t mossa = semimossa < MAX_SEMIMOSSE ? ElencoMosse[semimossa] : MOSSA_NULLA;
   ScriviDiagnostica("%s, %s%s\n", NomeTipo(mossa), StringaCasa[OrigineMossa(mossa)],
-         StringaCasa[DestinazioneMossa(mossa)]);
+                    StringaCasa[DestinazioneMossa(mossa)]);
   DisegnaScacchieraDiagnostica();
 }

@@ -19,8 +19,19 @@ struct RecordControlloPosizione {
 };
 extern RecordControlloPosizione ReportControlloPosizione;
 
-// Prints one label per derived key that disagrees with its base keys.
-void ControllaChiaviHash();
+// The key tables ControllaChiaviHash compares: the base Zobrist keys and the
+// tables derived from them. Tests hand in corrupted copies.
+struct TabelleChiavi {
+  const uint64_t (*base)[6][64];        // hash_in
+  const uint64_t (*sposta_pedone)[64];  // HashSpostaPedone_in
+  const uint64_t* sposta_pedone2;       // HashSpostaPedone2In
+  const uint64_t* cattura_enpassant;    // HashCatturaEnpassantIn
+};
+extern const TabelleChiavi TabelleChiaviDelProgramma;
+
+// Prints one label per derived key that disagrees with its base keys; with no
+// argument, on the program's own tables.
+void ControllaChiaviHash(const TabelleChiavi& tabelle = TabelleChiaviDelProgramma);
 
 // dopo_ritira: 0 right after a make, non-zero right after an unmake (only the
 // printed move line differs). Prints the report and the board when not empty.

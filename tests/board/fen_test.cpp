@@ -403,6 +403,7 @@ TEST(Fen, TestiCattiviSonoRifiutati) {
 }
 
 TEST(Fen, TestiCattiviSonoRifiutatiQualunqueSiaLaCasaStantiaDeiRe) {
+  ASSERT_GE(TestiCattivi().size(), 40u);
   for (const std::string& testo : TestiCattivi())
     for (uint64_t re = 0; re < 64; re += 9)
       EXPECT_EQ(Carica(testo, re, 63 - re), 0) << testo.substr(0, 80);

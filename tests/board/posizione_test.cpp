@@ -235,7 +235,16 @@ TEST(ChiaviZobrist, CostantiDegliArrocchi) {
   EXPECT_EQ(hash_re_nero_in[4] ^ hash_re_nero_in[2] ^ hash_torre_nero_in[0] ^ hash_torre_nero_in[3],
             0xd11f82d3411bd340ull);
   EXPECT_EQ(HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO, 0x846af657f00d737aull);
-  EXPECT_EQ(HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO, HASH_ARROCCHI_NERO);
+  EXPECT_EQ(HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO, 0xdde3750ac97bed50ull);
+}
+
+TEST(ChiaviZobrist, ChiaviDeiDirittiComePubblicate) {
+  EXPECT_EQ(HASH_ARROCCO_CORTO_BIANCO, 0x8afd7d2bbd35a91dull);
+  EXPECT_EQ(HASH_ARROCCO_LUNGO_BIANCO, 0x0e978b7c4d38da67ull);
+  EXPECT_EQ(HASH_ARROCCO_CORTO_NERO, 0xb2646b84387fdea8ull);
+  EXPECT_EQ(HASH_ARROCCO_LUNGO_NERO, 0x6f871e8ef10433f8ull);
+  EXPECT_EQ(HASH_ARROCCHI_BIANCO, 0x846af657f00d737aull);
+  EXPECT_EQ(HASH_ARROCCHI_NERO, 0xdde3750ac97bed50ull);
 }
 
 TEST(ChiaviZobrist, TabelleDerivateSeguonoLeRegole) {

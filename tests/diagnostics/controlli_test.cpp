@@ -48,7 +48,9 @@ TEST_F(Controlli, TabelleDerivateDelleChiaviConcordano) {
 
 TEST_F(Controlli, PosizioneCorrettaReportVuotoENienteStampato) {
   const int disegni = ScacchiereDisegnate;
-  for (const std::string& fen : FenDistinte(LeggiTabellaPerft(TabellaRiferimento))) {
+  const std::vector<std::string> posizioni = FenDistinte(LeggiTabellaPerft(TabellaRiferimento));
+  ASSERT_EQ(posizioni.size(), 7u);
+  for (const std::string& fen : posizioni) {
     SCOPED_TRACE(fen);
     ASSERT_TRUE(CaricaFen(fen));
     EXPECT_EQ(Controlla(0), "");
@@ -70,8 +72,8 @@ TEST_F(Controlli, PermessoEnpassantEntraNellaChiaveRicalcolata) {
   InfoPosizione &= ~PERMESSO_ENPASSANT;
   Controlla(0);
   EXPECT_EQ(Testo(), "chiave hash scorretta\n");
-  EXPECT_EQ(ReportControlloPosizione.ChiaveRicalcolata ^ ChiaveHash,
-            HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])]);
+  EXPECT_EQ(ReportControlloPosizione.ChiaveRicalcolata ^ ChiaveHash, HashPermessoEnpassantIn[27])
+      << "the key of the pawn on d5";
 }
 
 TEST_F(Controlli, ArroccoLungoBiancoLasciaLeChiaviDeiDiritti) {

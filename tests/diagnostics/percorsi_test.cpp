@@ -68,8 +68,10 @@ TEST_F(Percorsi, IlContatoreNonSiAzzera) {
 }
 
 TEST_F(Percorsi, ProfonditaUnoContaLeMosseLegali) {
+  int provate = 0;
   for (const RigaPerft& r : LeggiTabellaPerft(TabellaRiferimento)) {
     if (r.profondita != 1) continue;
+    ++provate;
     SCOPED_TRACE(r.nome);
     ASSERT_TRUE(CaricaFen(r.fen));
     const Istantanea prima = Fotografa();
@@ -78,6 +80,7 @@ TEST_F(Percorsi, ProfonditaUnoContaLeMosseLegali) {
     EXPECT_EQ(PosizioniValutate, 1 + r.nodi);
     EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
   }
+  EXPECT_EQ(provate, 7) << "one depth-1 row per reference position";
 }
 
 TEST_F(Percorsi, MossaRifiutataSaltata) {
@@ -182,8 +185,10 @@ TEST_F(Percorsi, ProfonditaDueETreEsatteDallaPosizioneIniziale) {
 }
 
 TEST_F(Percorsi, ProfonditaDueEsattaSuiRiferimenti) {
+  int provate = 0;
   for (const RigaPerft& r : LeggiTabellaPerft(TabellaRiferimento)) {
     if (r.profondita != 2) continue;
+    ++provate;
     SCOPED_TRACE(r.nome);
     ASSERT_TRUE(CaricaFen(r.fen));
     PosizioniValutate = 0;
@@ -193,6 +198,7 @@ TEST_F(Percorsi, ProfonditaDueEsattaSuiRiferimenti) {
     Percorri(2);
     EXPECT_EQ(PosizioniValutate, 1 + primo_livello + r.nodi);
   }
+  EXPECT_EQ(provate, 7) << "one depth-2 row per reference position";
 }
 
 TEST_F(Percorsi, UnPercorsoProfondoNonEsceDalBuffer) {

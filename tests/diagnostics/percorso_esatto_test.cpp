@@ -203,6 +203,11 @@ TEST_P(PercorsoControllato, NessunReportSalvoLeChiaviDellArroccoLungo) {
   EXPECT_EQ(Fotografa(), iniziale) << Differenze(iniziale, Fotografa());
 }
 
+TEST(PercorsoControllatoCopertura, OgniRigaDiProfonditaTre) {
+  // The walks above are as many as the depth-3 rows: 7 reference, 32 extra.
+  EXPECT_EQ(TuttiICasi().size(), 39u);
+}
+
 INSTANTIATE_TEST_SUITE_P(Posizioni, PercorsoControllato, testing::ValuesIn(TuttiICasi()),
                          [](const testing::TestParamInfo<Caso>& info) { return info.param.nome; });
 

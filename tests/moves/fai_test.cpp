@@ -211,7 +211,8 @@ TEST(FaiMossa, ArroccoLungoLasciaLeChiaviDeiDiritti) {
 
 TEST(FaiMossa, ScaccoDellaTorreDopoArroccoNelSecondoCampo) {
   CampiDopo("5k2/8/8/8/8/8/8/4K2R w K - 0 1", "e1g1", NESSUNA_CASA, Casa("f1"));
-  // Black answers it as a single check: only king moves here.
+  // Black answers it as a single check: only king moves here (e8, g8, e7, f7, g7).
+  ASSERT_EQ(Candidate().size(), 5u);
   for (uint64_t m : Candidate()) EXPECT_EQ(OrigineMossa(m), Casa("f8")) << Coordinate(m);
   EXPECT_FALSE(Legali().empty());
 
@@ -289,6 +290,7 @@ TEST(FaiMossa, PromozioneConScaccoScopertoVeroDoppio) {
   // The pawn g7 shields h7 from the rook a7: g7-g8=Q checks from g8 and
   // uncovers the rook, a real double check; g7-g8=N only uncovers it.
   CampiDopo("8/R5Pk/8/8/8/8/8/K7 w - - 0 1", "g7g8q", Casa("g8"), Casa("a7"));
+  ASSERT_EQ(Candidate().size(), 5u);  // g8, h8, g7, g6, h6
   for (uint64_t m : Candidate()) EXPECT_EQ(OrigineMossa(m), Casa("h7")) << Coordinate(m);
   CampiDopo("8/R5Pk/8/8/8/8/8/K7 w - - 0 1", "g7g8n", NESSUNA_CASA, Casa("a7"));
 }

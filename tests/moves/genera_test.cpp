@@ -85,7 +85,8 @@ TEST(Generazione, IlNeroSpecchiaIlBianco) {
   std::vector<uint64_t> bianche = Candidate();
   ASSERT_TRUE(Carica("r3k2r/8/8/8/3Pp3/8/1p6/R3K3 b Qkq d3 0 1"));
   std::vector<uint64_t> nere = Candidate();
-  ASSERT_EQ(bianche.size(), nere.size());
+  ASSERT_EQ(bianche.size(), 36u);
+  ASSERT_EQ(nere.size(), 36u);
   // Same sequence of types; the same moves mirrored (targets ascend from a8
   // for both colours, so the order inside a group differs).
   for (size_t i = 0; i < bianche.size(); ++i) EXPECT_EQ(TipoMossa(bianche[i]), TipoMossa(nere[i]));
@@ -108,7 +109,9 @@ TEST(Generazione, ScaccoDoppioSoloIlRe) {
     EXPECT_EQ(TipoPezzoMossa[TipoMossa(m)], uint32_t(RE)) << Coordinate(m);
   }
   EXPECT_EQ(GeneraCon(genera_MosseTattiche_del_bianco).size(), 0u);  // nothing to take next to e1
-  for (uint64_t m : GeneraCon(genera_noncatture_del_bianco)) EXPECT_EQ(TipoMossa(m), SPOSTA_RE);
+  const std::vector<uint64_t> quiete = GeneraCon(genera_noncatture_del_bianco);
+  ASSERT_EQ(quiete.size(), 4u);  // d1, d2, e2, f2
+  for (uint64_t m : quiete) EXPECT_EQ(TipoMossa(m), SPOSTA_RE);
 }
 
 TEST(Generazione, ScaccoDiCavalloNessunaInterposizione) {
@@ -130,7 +133,9 @@ TEST(Generazione, IlNeroInScaccoDoppioOScaccoDiCavallo) {
   ASSERT_FALSE(c.empty());
   for (uint64_t m : c) EXPECT_EQ(OrigineMossa(m), Casa("e8")) << Coordinate(m);
   EXPECT_EQ(GeneraCon(genera_MosseTattiche_del_nero).size(), 0u);
-  for (uint64_t m : GeneraCon(genera_noncatture_del_nero)) EXPECT_EQ(TipoMossa(m), SPOSTA_RE);
+  const std::vector<uint64_t> quiete = GeneraCon(genera_noncatture_del_nero);
+  ASSERT_EQ(quiete.size(), 4u);  // d8, d7, e7, f7
+  for (uint64_t m : quiete) EXPECT_EQ(TipoMossa(m), SPOSTA_RE);
 
   ASSERT_TRUE(Carica("r3kb1r/2p5/3N4/8/8/8/8/4K3 b kq - 0 1"));
   ASSERT_EQ(PrimoScacco(InfoPosizione), Casa("d6"));
@@ -179,7 +184,11 @@ TEST(Generazione, ScaccoNelSecondoCampoNessunEnPassant) {
   ASSERT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
   ASSERT_EQ(SecondoScacco(InfoPosizione), Casa("b1"));
   ASSERT_TRUE(InfoPosizione & PERMESSO_ENPASSANT);
-  for (uint64_t m : Candidate()) EXPECT_NE(TipoMossa(m), CATTURA_ENPASSANT) << Coordinate(m);
+  // The king's five steps and the block d4-d3.
+  const std::vector<uint64_t> c = Candidate();
+  ASSERT_EQ(c.size(), 6u);
+  EXPECT_NE(std::find(c.begin(), c.end(), Trova("d4d3")), c.end());
+  for (uint64_t m : c) EXPECT_NE(TipoMossa(m), CATTURA_ENPASSANT) << Coordinate(m);
 }
 
 TEST(Generazione, EnPassantSoloColPermesso) {
@@ -190,18 +199,21 @@ TEST(Generazione, EnPassantSoloColPermesso) {
   EXPECT_EQ(TipoMossa(Trova("e4d3")), CATTURA_ENPASSANT);
   // The last move is still the double step, but without the bit nothing.
   InfoPosizione &= ~PERMESSO_ENPASSANT;
+  ASSERT_EQ(Candidate().size(), 6u);  // e4-e3 and the king's five steps
   for (uint64_t m : Candidate()) EXPECT_NE(TipoMossa(m), CATTURA_ENPASSANT) << Coordinate(m);
   // A double step with no pawn beside it gives no permission.
   ASSERT_TRUE(Carica("4k3/8/8/8/8/4p3/6P1/4K3 w - - 0 1"));
   ASSERT_TRUE(Gioca("g2g4"));
   EXPECT_FALSE(InfoPosizione & PERMESSO_ENPASSANT);
+  ASSERT_EQ(Candidate().size(), 6u);  // e3-e2 and the king's five steps
   for (uint64_t m : Candidate()) EXPECT_NE(TipoMossa(m), CATTURA_ENPASSANT) << Coordinate(m);
 }
 
 // Walks a few plies from several positions: at every position the tactical
 // and the quiet generators give exactly the two parts of the all-moves list,
 // each in the same order.
-void ConfrontaParti(int profondita) {
+// Returns the number of positions compared.
+int ConfrontaParti(int profondita) {
   const bool nero = ContatoreMosse & 1;
   const std::vector<uint64_t> tutte = Candidate();
   std::vector<uint64_t> tattiche, quiete;
@@ -209,12 +221,14 @@ void ConfrontaParti(int profondita) {
   EXPECT_EQ(GeneraCon(nero ? genera_MosseTattiche_del_nero : genera_MosseTattiche_del_bianco),
             tattiche);
   EXPECT_EQ(GeneraCon(nero ? genera_noncatture_del_nero : genera_noncatture_del_bianco), quiete);
-  if (profondita == 0 || ::testing::Test::HasFailure()) return;
+  int confrontate = 1;
+  if (profondita == 0 || ::testing::Test::HasFailure()) return confrontate;
   for (uint64_t m : tutte) {
     if (!Fai(m)) continue;
-    ConfrontaParti(profondita - 1);
+    confrontate += ConfrontaParti(profondita - 1);
     Ritira();
   }
+  return confrontate;
 }
 
 TEST(Generazione, TatticheENonCatturePartiDelleTutte) {
@@ -223,7 +237,8 @@ TEST(Generazione, TatticheENonCatturePartiDelleTutte) {
         "r3k2r/Pppp1ppp/1b3nbN/nP6/BBP1P3/q4N2/Pp1P2PP/R2Q1RK1 w kq - 0 1",
         "8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w - - 0 1", "n1n5/PPPk4/8/8/8/8/4Kppp/5N1N b - - 0 1"}) {
     ASSERT_TRUE(Carica(fen)) << fen;
-    ConfrontaParti(2);
+    // Two plies from each of these positions meet well over a hundred positions.
+    EXPECT_GT(ConfrontaParti(2), 100) << fen;
   }
 }
 

@@ -47,10 +47,11 @@ TEST(RitiraMossa, OgniMossaFattaERitirataRendeLaPosizione) {
 // Two plies deep from every position: after each make the bookkeeping agrees
 // with the position and the checker fields are exact; after each unmake the
 // position is back.
-void Cammina(int profondita, bool arrocco_lungo) {
+void Cammina(int profondita, bool arrocco_lungo, int& fatte) {
   const Istantanea prima = Fotografa();
   for (uint64_t m : Candidate()) {
     if (!Fai(m)) continue;
+    ++fatte;
     const bool lungo = arrocco_lungo || TipoMossa(m) == ARROCCO_LUNGO;
     ASSERT_EQ(ControllaCoerenza(), "") << Coordinate(m);
     ASSERT_EQ(ControllaScacchi(), "") << Coordinate(m);
@@ -59,7 +60,7 @@ void Cammina(int profondita, bool arrocco_lungo) {
     if (!lungo) {
       ASSERT_EQ(ChiaveHash, ChiaveDaZero()) << Coordinate(m);
     }
-    if (profondita > 1) Cammina(profondita - 1, lungo);
+    if (profondita > 1) Cammina(profondita - 1, lungo, fatte);
     Ritira();
     ASSERT_EQ(Fotografa(), prima) << Coordinate(m);
   }
@@ -69,8 +70,10 @@ TEST(RitiraMossa, CamminoDiDuePliConControlli) {
   for (const char* fen : Posizioni) {
     ASSERT_TRUE(Carica(fen)) << fen;
     ASSERT_EQ(ControllaScacchi(), "") << fen;
-    Cammina(2, false);
+    int fatte = 0;
+    Cammina(2, false, fatte);
     if (HasFatalFailure()) FAIL() << fen;
+    EXPECT_GT(fatte, 20) << fen;
   }
 }
 

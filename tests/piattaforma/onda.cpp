@@ -60,6 +60,7 @@ TEST(Onda, SopraISentireESottoSonoSilenzio) {
 
 TEST(Onda, ABlocchiComeInUnaVolta) {
   const auto intero = Tono(523, 77, 44100);
+  ASSERT_EQ(intero.size(), 3395u);  // 77 ms of 44.1 kHz, the half sample dropped
   std::vector<float> a_blocchi(intero.size() + 100, 1.0f);
   for (size_t inizio = 0; inizio < a_blocchi.size(); inizio += 1024) {
     const size_t quanti = std::min<size_t>(1024, a_blocchi.size() - inizio);
