@@ -1,6 +1,7 @@
 # Perft speed beside Stockfish's, and the perft suite rows too slow for the tests.
 add_executable(perft_bench ${CMAKE_CURRENT_LIST_DIR}/perft_bench.cpp)
-target_link_libraries(perft_bench PRIVATE pendrino_core pendrino_memoria)
+# Only engine code is linked in, as for pendrino-perft.
+target_link_libraries(perft_bench PRIVATE pendrino_core)
 
 # Debian installs Stockfish outside the usual PATH.
 find_program(PENDRINO_STOCKFISH stockfish PATHS /usr/games)

@@ -1,9 +1,10 @@
 # pendrino-perft: exact move counts from the command line, and the CTest
 # checks that run it on the published counts.
 add_executable(pendrino-perft ${CMAKE_CURRENT_LIST_DIR}/pendrino_perft.cpp)
-# The counts never draw on a screen; the in-memory backend satisfies the
-# platform references of the core library.
-target_link_libraries(pendrino-perft PRIVATE pendrino_core pendrino_memoria)
+# Only engine code is linked in: the board, the moves and the perft walk of
+# the diagnostics, which reference nothing of the console or of a platform
+# backend.
+target_link_libraries(pendrino-perft PRIVATE pendrino_core)
 
 if(PENDRINO_TESTS)
   if(DEFINED PENDRINO_DATI_CONDIVISI)
