@@ -225,8 +225,7 @@ int main(int argc, char** argv) {
     }
   }
 
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
 
   if (suite) {
     if (dividi || !posizionali.empty()) return Uso();

@@ -11,8 +11,7 @@ namespace {
 
 void InizializzaUnaVolta() {
   static const bool fatto = [] {
-    InizializzaInfoTraiettorie();
-    InizializzaDbMobilita();
+    InizializzaTabelle();
     return true;
   }();
   (void)fatto;
