@@ -23,7 +23,7 @@
 #include "board/geometria.h"
 #include "board/posizione.h"
 #include "diagnostics/perft.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
 
 const char* const FenIniziale = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
 
@@ -23,12 +23,11 @@ struct Campo {
 };
 
 using Inserisci = void (*)(uint64_t);
-constexpr Inserisci InserisciBianco[6] = {inserisci_pedone_bianco,  inserisci_cavallo_bianco,
-                                          inserisci_alfiere_bianco, inserisci_torre_bianco,
-                                          inserisci_donna_bianco,   inserisci_re_bianco};
-constexpr Inserisci InserisciNero[6] = {inserisci_pedone_nero,  inserisci_cavallo_nero,
-                                        inserisci_alfiere_nero, inserisci_torre_nero,
-                                        inserisci_donna_nero,   inserisci_re_nero};
+constexpr Inserisci InserisciPezzo[2][6] = {
+    {inserisci_pedone_bianco, inserisci_cavallo_bianco, inserisci_alfiere_bianco,
+     inserisci_torre_bianco, inserisci_donna_bianco, inserisci_re_bianco},
+    {inserisci_pedone_nero, inserisci_cavallo_nero, inserisci_alfiere_nero, inserisci_torre_nero,
+     inserisci_donna_nero, inserisci_re_nero}};
 
 // Kind of a piece letter in either case, -1 for anything else.
 int TipoDaLettera(char c) {
@@ -56,7 +55,7 @@ int CaricaScacchiera(const Campo& campo) {
       // The square lists have room for every legal game, not for any text.
       if (tipo != RE && NumeroPezzi(materiale[colore], tipo) >= uint64_t(CapienzaLista[tipo]))
         return 0;
-      (colore == BIANCO ? InserisciBianco : InserisciNero)[tipo](casa);
+      InserisciPezzo[colore][tipo](casa);
       ++casa;
     }
   }

@@ -128,6 +128,8 @@ extern uint64_t ContatoreMosse;
 extern uint64_t TurnoIniziale;
 extern uint64_t ElencoMosse[MAX_SEMIMOSSE];
 
+inline Colore AlTratto() { return Colore(ContatoreMosse & 1); }
+
 // ---------------------------------------------------------------------------
 // Zobrist keys.
 extern uint64_t ChiaveHash;

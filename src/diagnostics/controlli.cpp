@@ -5,9 +5,10 @@
 #include <cstdio>
 #include <cstring>
 
+#include "board/mossa.h"
 #include "console/schermo.h"
 #include "diagnostics/stampa.h"
-#include "moves/mosse.h"
+#include "moves/tavole.h"
 
 RecordControlloPosizione ReportControlloPosizione;
 

@@ -2,8 +2,10 @@
 
 #include <cstdio>
 
+#include "board/mossa.h"
 #include "diagnostics/stampa.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
 
 void StampaMosseGenerate() {
   FILE* file = fopen("dibag.txt", "w");

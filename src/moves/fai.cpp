@@ -5,9 +5,9 @@
 
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
 
 namespace {
 

@@ -1,12 +1,11 @@
-// The move generators: all moves, tactical moves (captures, en passant,
-// promotions) and the rest, for either colour, in one body. They answer a
-// check from the checker fields of InfoPosizione but test neither pins nor
-// the king's destination: make-move refuses what exposes the own king.
-// Every target set is emitted in ascending square order.
+// The move generators of either colour and kind in one body. Every target
+// set is emitted in ascending square order.
+#include "moves/genera.h"
+
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
 
 namespace {
 
@@ -215,3 +214,6 @@ uint64_t* genera_noncatture_del_bianco(uint64_t* inizio) {
   return Genera<BIANCO, NONCATTURE>(inizio);
 }
 uint64_t* genera_noncatture_del_nero(uint64_t* inizio) { return Genera<NERO, NONCATTURE>(inizio); }
+
+uint64_t BufferMosseGenerate[DIMENSIONE_BUFFER_MOSSE];
+uint64_t* FineMosseGenerate = BufferMosseGenerate;

@@ -6,8 +6,8 @@
 #include <cstdint>
 
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
 
 // The helpers of the move families are always inlined, so that each named
 // function is one straight piece of code.

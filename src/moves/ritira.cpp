@@ -3,9 +3,10 @@
 // written once as a template and instantiated into the named functions.
 #include "moves/ritira.h"
 
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
+#include "moves/registro.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
 #include "riferimento.h"
 #include "verifica_posizione.h"
 

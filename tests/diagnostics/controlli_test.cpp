@@ -7,7 +7,9 @@
 
 #include "aiuti_diagnostica.h"
 #include "board/fen.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
@@ -31,14 +33,12 @@ std::string Testo() { return ReportControlloPosizione.testo; }
 // does.
 int Fai(uint64_t mossa) {
   SalvaParolePosizione();
-  const FunzioneFai* fai = ContatoreMosse & 1 ? fai_mossa_del_nero : fai_mossa_del_bianco;
-  return fai[TipoMossa(mossa)](mossa);
+  return fai_mossa[AlTratto()][TipoMossa(mossa)](mossa);
 }
 
+// The last move was made by the side not to move.
 void Ritira() {
-  const FunzioneRitira* ritira =
-      ContatoreMosse & 1 ? ritira_mossa_del_bianco : ritira_mossa_del_nero;
-  ritira[TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);
+  ritira_mossa[~AlTratto()][TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);
 }
 
 class Controlli : public testing::Test {

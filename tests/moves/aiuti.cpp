@@ -4,8 +4,11 @@
 
 #include "board/fen.h"
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "diagnostics/perft.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -16,8 +19,6 @@ void InizializzaUnaVolta() {
   }();
   (void)fatto;
 }
-
-bool ToccaAlNero() { return ContatoreMosse & 1; }
 
 }  // namespace
 
@@ -33,17 +34,17 @@ std::vector<uint64_t> GeneraCon(Generatore genera) {
   return std::vector<uint64_t>(buffer, fine);
 }
 
-std::vector<uint64_t> Candidate() { return GeneraCon(genera_mosse_del[ContatoreMosse & 1]); }
+std::vector<uint64_t> Candidate() { return GeneraCon(genera_mosse_del[AlTratto()]); }
 
 int Fai(uint64_t mossa) {
   SalvaParolePosizione();
-  return (ToccaAlNero() ? fai_mossa_del_nero : fai_mossa_del_bianco)[TipoMossa(mossa)](mossa);
+  return fai_mossa[AlTratto()][TipoMossa(mossa)](mossa);
 }
 
 void Ritira() {
   const uint64_t mossa = ElencoMosse[ContatoreMosse];
-  // An odd counter means the last move was White's.
-  (ToccaAlNero() ? ritira_mossa_del_bianco : ritira_mossa_del_nero)[TipoMossa(mossa)](mossa);
+  // The last move was made by the side not to move.
+  ritira_mossa[~AlTratto()][TipoMossa(mossa)](mossa);
 }
 
 std::string Coordinate(uint64_t mossa) {
@@ -96,7 +97,7 @@ uint64_t HashPedoniDaZero() {
 }
 
 uint64_t ScacchiDaZero() {
-  const int c = ContatoreMosse & 1, n = c ^ 1;
+  const Colore c = AlTratto(), n = ~c;
   const uint64_t re = casa_re[c];
   const uint64_t occ = btm_occupazione;
   return (btm_pezzi[n][PEDONE] & MscBersagliPedone_da[c][re]) |

@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "aiuti.h"
+#include "board/mossa.h"
 #include "moves/fai.h"
-#include "moves/mosse.h"
+#include "moves/registro.h"
 
 namespace {
 
@@ -200,7 +201,7 @@ TEST(FaiMossa, ArroccoLungoLasciaLeChiaviDeiDiritti) {
   for (const char* fen :
        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"}) {
     ASSERT_TRUE(Carica(fen));
-    FaiEControlla((ContatoreMosse & 1) ? "e8g8" : "e1g1");
+    FaiEControlla(AlTratto() == NERO ? "e8g8" : "e1g1");
     EXPECT_EQ(ChiaveHash, ChiaveDaZero());
   }
   // With only the king-side right, king-side castling removes just that key.

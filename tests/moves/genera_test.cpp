@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "aiuti.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -202,13 +204,11 @@ TEST(Generazione, EnPassantSoloColPermesso) {
 // and the quiet generators give exactly the two parts of the all-moves list,
 // each in the same order.
 void ConfrontaParti(int profondita) {
-  const bool nero = ContatoreMosse & 1;
   const std::vector<uint64_t> tutte = Candidate();
   std::vector<uint64_t> tattiche, quiete;
   for (uint64_t m : tutte) (Tattica(m) ? tattiche : quiete).push_back(m);
-  EXPECT_EQ(GeneraCon(nero ? genera_MosseTattiche_del_nero : genera_MosseTattiche_del_bianco),
-            tattiche);
-  EXPECT_EQ(GeneraCon(nero ? genera_noncatture_del_nero : genera_noncatture_del_bianco), quiete);
+  EXPECT_EQ(GeneraCon(genera_tattiche_del[AlTratto()]), tattiche);
+  EXPECT_EQ(GeneraCon(genera_noncatture_del[AlTratto()]), quiete);
   if (profondita == 0 || ::testing::Test::HasFailure()) return;
   for (uint64_t m : tutte) {
     if (!Fai(m)) continue;

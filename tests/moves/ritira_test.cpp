@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "aiuti.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/registro.h"
 #include "moves/ritira.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -136,7 +138,7 @@ TEST(RitiraMossa, LaTavolaSegueLaParitaDelContatore) {
   ASSERT_TRUE(Carica("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1"));
   const Istantanea inizio = Fotografa();
   ASSERT_TRUE(Gioca("e2e4"));
-  ASSERT_EQ(ContatoreMosse & 1, 1u);  // odd: the last move was White's
+  ASSERT_EQ(AlTratto(), NERO);  // the last move was White's
   const Istantanea dopo_bianco = Fotografa();
   ASSERT_TRUE(Gioca("e7e5"));
   ritira_mossa_del_nero[TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);
