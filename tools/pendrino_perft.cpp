@@ -53,17 +53,17 @@ const char* MotivoPosizioneNonSicura() {
     const char* motivo;
   };
   static constexpr Diritto diritti[4] = {
-      {ARROCCO_CORTO_BIANCO, 60, CODICE_RE_BIANCO, 63, 0x60,
+      {ARROCCO_CORTO_BIANCO, 60, CODICE_RE_BIANCO, 63, CodicePezzo(TORRE, BIANCO, 0),
        "castling right K without the white king on e1 and a white rook on h1"},
-      {ARROCCO_LUNGO_BIANCO, 60, CODICE_RE_BIANCO, 56, 0x60,
+      {ARROCCO_LUNGO_BIANCO, 60, CODICE_RE_BIANCO, 56, CodicePezzo(TORRE, BIANCO, 0),
        "castling right Q without the white king on e1 and a white rook on a1"},
-      {ARROCCO_CORTO_NERO, 4, CODICE_RE_NERO, 7, 0x70,
+      {ARROCCO_CORTO_NERO, 4, CODICE_RE_NERO, 7, CodicePezzo(TORRE, NERO, 0),
        "castling right k without the black king on e8 and a black rook on h8"},
-      {ARROCCO_LUNGO_NERO, 4, CODICE_RE_NERO, 0, 0x70,
+      {ARROCCO_LUNGO_NERO, 4, CODICE_RE_NERO, 0, CodicePezzo(TORRE, NERO, 0),
        "castling right q without the black king on e8 and a black rook on a8"}};
   for (const Diritto& d : diritti)
-    if ((InfoPosizione & d.bit) &&
-        (PezzoIn[d.casa_re] != d.codice_re || (PezzoIn[d.casa_torre] & 0xF0) != d.codice_torre))
+    if ((InfoPosizione & d.bit) && (PezzoIn[d.casa_re] != d.codice_re ||
+                                    CodiceSenzaSlot(PezzoIn[d.casa_torre]) != d.codice_torre))
       return d.motivo;
 
   // Pawn steps from the edge ranks have no keys and lead off the board.

@@ -108,14 +108,16 @@ void ConcediArrocco(int i) {
   ChiaveHash ^= ChiaveArrocco[i];
 }
 
-bool TorreIn(uint64_t casa, uint64_t codice) { return (PezzoIn[casa] & 0xF0) == codice; }
+bool TorreIn(uint64_t casa, Colore colore) {
+  return CodiceSenzaSlot(PezzoIn[casa]) == CodicePezzo(TORRE, colore, 0);
+}
 
 // Without a castling field the rights follow from kings and rooks at home.
 void DeduciArrocchi() {
-  if (casa_re_bianco == 60 && TorreIn(63, 0x60)) ConcediArrocco(0);
-  if (casa_re_bianco == 60 && TorreIn(56, 0x60)) ConcediArrocco(1);
-  if (casa_re_nero == 4 && TorreIn(7, 0x70)) ConcediArrocco(2);
-  if (casa_re_nero == 4 && TorreIn(0, 0x70)) ConcediArrocco(3);
+  if (casa_re_bianco == 60 && TorreIn(63, BIANCO)) ConcediArrocco(0);
+  if (casa_re_bianco == 60 && TorreIn(56, BIANCO)) ConcediArrocco(1);
+  if (casa_re_nero == 4 && TorreIn(7, NERO)) ConcediArrocco(2);
+  if (casa_re_nero == 4 && TorreIn(0, NERO)) ConcediArrocco(3);
 }
 
 // The letters are trusted as given; a repeated letter toggles its key again.

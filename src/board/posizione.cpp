@@ -96,12 +96,12 @@ template <Colore C, TipoPezzo K>
 void inserisci(uint64_t casa) {
   const uint64_t bit = 1ull << casa;
   if constexpr (K == RE) {
-    PezzoIn[casa] = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
+    PezzoIn[casa] = CodicePezzo(RE, C, 0);
     casa_re[C] = casa;
   } else {
     btm_pezzi[C][K] ^= bit;
     const uint64_t slot = NumeroPezzi(materiale[C], K);
-    PezzoIn[casa] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
+    PezzoIn[casa] = CodicePezzo(K, C, slot);
     casa_di<K>(C)[slot] = casa;
     materiale[C] += IncrementoMateriale[K];
     if constexpr (K == PEDONE) HashPedoni ^= hash_in[C][K][casa];

@@ -11,8 +11,21 @@
 enum Colore : int { BIANCO = 0, NERO = 1 };
 constexpr Colore operator~(Colore c) { return Colore(c ^ 1); }
 
-// Piece kinds, the same numbering as the move word's and the piece code's (code >> 5).
+// Piece kinds, the same numbering as the move word's and the piece code's.
 enum TipoPezzo : int { PEDONE = 0, CAVALLO = 1, ALFIERE = 2, TORRE = 3, DONNA = 4, RE = 5 };
+
+// Piece code, as PezzoIn holds it: (kind << 5) | (colour << 4) | the piece's
+// slot in the square list of its kind (0 for a king).
+constexpr uint64_t CodicePezzo(TipoPezzo tipo, Colore colore, uint64_t slot) {
+  return (uint64_t(tipo) << 5) | (uint64_t(colore) << 4) | slot;
+}
+constexpr TipoPezzo TipoDelCodice(uint64_t codice) { return TipoPezzo(codice >> 5); }
+constexpr Colore ColoreDelCodice(uint64_t codice) { return Colore((codice >> 4) & 1); }
+constexpr uint64_t SlotDelCodice(uint64_t codice) { return codice & 15; }
+// Kind and colour only: equal for any two pieces of one kind and colour.
+constexpr uint64_t CodiceSenzaSlot(uint64_t codice) { return codice & 0xF0; }
+// False for the empty square and for anything that is not a piece's code.
+constexpr bool CodiceDiPezzo(uint64_t codice) { return (codice >> 5) <= RE; }
 
 // Square 0 is a8, 7 is h8, 56 is a1, 63 is h1; 64 means no square.
 constexpr uint64_t NESSUNA_CASA = 64;
@@ -21,8 +34,8 @@ constexpr uint64_t CASA_VUOTA = 255;  // PezzoIn entry of an empty square
 // Home squares and piece codes of the kings.
 constexpr uint64_t CASA_RE_BIANCO_INIZIALE = 60;  // e1
 constexpr uint64_t CASA_RE_NERO_INIZIALE = 4;     // e8
-constexpr uint64_t CODICE_RE_BIANCO = 0xA0;
-constexpr uint64_t CODICE_RE_NERO = 0xB0;
+constexpr uint64_t CODICE_RE_BIANCO = CodicePezzo(RE, BIANCO, 0);
+constexpr uint64_t CODICE_RE_NERO = CodicePezzo(RE, NERO, 0);
 
 extern const char CarattereColonna[9];  // "abcdefgh"
 extern const char CaratterePezzo[7];    // "pnbrqk"
@@ -46,7 +59,7 @@ inline uint64_t& btm_bianco = btm_colore[BIANCO];
 inline uint64_t& btm_nero = btm_colore[NERO];
 extern uint64_t btm_occupazione;
 
-// Piece table: code (kind << 5) | (colour << 4) | slot, 255 when empty.
+// Piece table: a piece code per square (CodicePezzo), 255 when empty.
 // Entry 64 is a sentinel that always reads empty.
 extern uint64_t PezzoIn[65];
 
@@ -109,18 +122,38 @@ constexpr uint64_t NumeroPezzi(uint64_t materiale_colore, int k) {
 // 11 en passant permitted, 12-18 first checker, 19-25 second checker
 // (64 in a checker field means none).
 extern uint64_t InfoPosizione;
-constexpr uint64_t MASCHERA_SEMIMOSSE = 0x7F;
+constexpr int BIT_SEMIMOSSE = 7;
+constexpr uint64_t MASCHERA_SEMIMOSSE = (1ull << BIT_SEMIMOSSE) - 1;
 constexpr uint64_t ARROCCO_CORTO_BIANCO = 0x80;
 constexpr uint64_t ARROCCO_LUNGO_BIANCO = 0x100;
 constexpr uint64_t ARROCCO_CORTO_NERO = 0x200;
 constexpr uint64_t ARROCCO_LUNGO_NERO = 0x400;
+constexpr int SHIFT_DIRITTI = BIT_SEMIMOSSE;
+constexpr uint64_t MASCHERA_DIRITTI =
+    ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO | ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO;
 constexpr uint64_t PERMESSO_ENPASSANT = 0x800;
 constexpr int SHIFT_PRIMO_SCACCO = 12;
 constexpr int SHIFT_SECONDO_SCACCO = 19;
-constexpr uint64_t NESSUNO_SCACCO = 0x2040000;  // both checker fields 64
+constexpr uint64_t MASCHERA_CASA_SCACCO = 0x7F;  // one checker field, shifted down
+constexpr uint64_t CAMPI_SCACCO =
+    (MASCHERA_CASA_SCACCO << SHIFT_PRIMO_SCACCO) | (MASCHERA_CASA_SCACCO << SHIFT_SECONDO_SCACCO);
+constexpr uint64_t PRIMO_SENZA_SCACCO = NESSUNA_CASA << SHIFT_PRIMO_SCACCO;
+constexpr uint64_t SECONDO_SENZA_SCACCO = NESSUNA_CASA << SHIFT_SECONDO_SCACCO;
+constexpr uint64_t NESSUNO_SCACCO = PRIMO_SENZA_SCACCO | SECONDO_SENZA_SCACCO;
+constexpr int BIT_INFO = 26;  // every higher bit is always clear
+static_assert(CAMPI_SCACCO == 0x3fff000ull && NESSUNO_SCACCO == 0x2040000ull);
 
-constexpr uint64_t PrimoScacco(uint64_t info) { return (info >> SHIFT_PRIMO_SCACCO) & 0x7F; }
-constexpr uint64_t SecondoScacco(uint64_t info) { return (info >> SHIFT_SECONDO_SCACCO) & 0x7F; }
+constexpr uint64_t Semimosse(uint64_t info) { return info & MASCHERA_SEMIMOSSE; }
+// The four right bits shifted down, 0..15, in the order of the rights above.
+constexpr uint64_t DirittiConcessi(uint64_t info) {
+  return (info & MASCHERA_DIRITTI) >> SHIFT_DIRITTI;
+}
+constexpr uint64_t PrimoScacco(uint64_t info) {
+  return (info >> SHIFT_PRIMO_SCACCO) & MASCHERA_CASA_SCACCO;
+}
+constexpr uint64_t SecondoScacco(uint64_t info) {
+  return (info >> SHIFT_SECONDO_SCACCO) & MASCHERA_CASA_SCACCO;
+}
 
 // Game record: the side to move is the parity of ContatoreMosse.
 constexpr int MAX_SEMIMOSSE = 512;

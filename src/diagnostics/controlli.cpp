@@ -94,7 +94,7 @@ void ControllaPosizione_pezzo() {
   RecordControlloPosizione& r = ReportControlloPosizione;
   const char* nome = NomeControllo[C][K];
   if constexpr (K == RE) {
-    constexpr uint64_t codice = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
+    constexpr uint64_t codice = CodicePezzo(RE, C, 0);
     uint64_t casa = casa_re[C];
     if (PezzoIn[std::min<uint64_t>(casa, 64)] != codice)
       AggiungiAlReport("(PezzoIn[CasaMioRe] != MioRe) - %s in %s\n", nome, NomeCasa(casa));
@@ -122,7 +122,7 @@ void ControllaPosizione_pezzo() {
         continue;
       }
       insieme |= 1ull << casa;
-      if (PezzoIn[casa] != ((uint64_t(K) << 5) | (uint64_t(C) << 4) | i))
+      if (PezzoIn[casa] != CodicePezzo(K, C, i))
         AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
       uint64_t chiave = hash_in[C][K][casa];
       r.ChiaveRicalcolata ^= chiave;
@@ -175,7 +175,7 @@ void ControllaPosizione(int dopo_ritira) {
   for (uint64_t casa = 0; casa < 64; ++casa)
     if (!(r.CaseViste & (1ull << casa)) && PezzoIn[casa] != CASA_VUOTA)
       AggiungiAlReport("nella casa %s non dovrebbe esserci %d\n", StringaCasa[casa],
-                       int(PezzoIn[casa] >> 5));
+                       int(TipoDelCodice(PezzoIn[casa])));
 
   if (r.LunghezzaTesto == 0) return;
   printf("Errore!\n %s\n", r.testo);

@@ -11,13 +11,12 @@
 
 namespace {
 
-constexpr uint64_t CAMPI_SCACCO = 0x3fff000ull;  // both checker fields
 constexpr uint64_t AZZERA_PER_MOSSA = CAMPI_SCACCO | PERMESSO_ENPASSANT;
 constexpr uint64_t AZZERA_CON_SEMIMOSSE = AZZERA_PER_MOSSA | MASCHERA_SEMIMOSSE;
 
 // The half-move clock stops at 127 rather than carry into the castling bits.
 SEMPRE_IN_LINEA uint64_t Semimossa(uint64_t info) {
-  return (((info & MASCHERA_SEMIMOSSE) + 1) >> 7) ^ 1;
+  return ((Semimosse(info) + 1) >> BIT_SEMIMOSSE) ^ 1;
 }
 
 // Pin test: does an enemy slider reach the king of C along the line through
@@ -164,7 +163,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     const uint64_t codice = PezzoIn[o];
     PezzoIn[o] = CASA_VUOTA;
     PezzoIn[d] = codice;
-    casa_di<TipoPezzo(M)>(C)[codice & 15] = d;
+    casa_di<TipoPezzo(M)>(C)[SlotDelCodice(codice)] = d;
     uint64_t passo;
     if constexpr (M == PEDONE && !Cattura)
       passo = Tipo.doppio ? HashSpostaPedone2In[d] : HashSpostaPedone_in[C][d];
@@ -224,7 +223,7 @@ SEMPRE_IN_LINEA int FaiEnpassant(uint64_t mossa) {
   const uint64_t codice = PezzoIn[o];
   PezzoIn[o] = CASA_VUOTA;
   PezzoIn[d] = codice;
-  casa_pedone[C][codice & 15] = d;
+  casa_pedone[C][SlotDelCodice(codice)] = d;
 
   const uint64_t chiave_pedoni = HashCatturaEnpassantIn[p] ^ hash_in[C][PEDONE][o];
   HashPedoni ^= chiave_pedoni;
@@ -267,7 +266,7 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   if (btm_occupazione & Via) return 0;
   if (attaccano_pezzi<N>(TorreArrivo)) return 0;
   if (attaccano_pezzi<N>(ReArrivo)) return 0;
-  if (PezzoIn[Re] != L::CodiceRe || (PezzoIn[Torre] & 0xF0) != L::CodiceTorre) return 0;
+  if (PezzoIn[Re] != L::CodiceRe || CodiceSenzaSlot(PezzoIn[Torre]) != L::CodiceTorre) return 0;
 
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
@@ -278,7 +277,7 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   const uint64_t codice = PezzoIn[Torre];
   PezzoIn[Torre] = CASA_VUOTA;
   PezzoIn[TorreArrivo] = codice;
-  casa_torre[C][codice & 15] = TorreArrivo;
+  casa_torre[C][SlotDelCodice(codice)] = TorreArrivo;
 
   uint64_t info = InfoPosizione;
   uint64_t chiave;
@@ -296,8 +295,7 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   const uint64_t E = casa_re[N];
   const bool scacco = (BitmapTraiettorieDritteDa[E] & (1ull << TorreArrivo)) &&
                       !(btm_InMezzo[TorreArrivo][E] & btm_occupazione);
-  info |= (uint64_t(NESSUNA_CASA) << SHIFT_PRIMO_SCACCO) |
-          ((scacco ? TorreArrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
+  info |= PRIMO_SENZA_SCACCO | ((scacco ? TorreArrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
   return Registra(mossa, info, chiave);
 }
 

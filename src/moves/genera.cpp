@@ -19,9 +19,9 @@ constexpr uint64_t PRIMO_VUOTO = 0x40000ull;      // first checker field holds 6
 constexpr uint64_t SECONDO_VUOTO = 0x2000000ull;  // second checker field holds 64
 
 constexpr uint64_t Tipo(uint64_t t) { return t << 12; }
-// Type of a capture: the mover's base plus the captured kind, PezzoIn >> 5.
+// Type of a capture: the mover's base plus the captured kind.
 SEMPRE_IN_LINEA uint64_t TipoCattura(uint64_t base, uint64_t d) {
-  return Tipo(base) + ((PezzoIn[d] & 0xE0) << 7);
+  return Tipo(base + TipoDelCodice(PezzoIn[d]));
 }
 
 // From one origin to every target.
@@ -74,7 +74,7 @@ template <int S>
 SEMPRE_IN_LINEA uint64_t* CatturePedone(uint64_t* l, uint64_t arrivi, uint64_t promozione) {
   for (uint64_t b = arrivi & promozione; b; b &= b - 1) {
     const uint64_t d = PrimaCasa(b);
-    l = Promozioni(l, d - S, d, PezzoIn[d] >> 5);
+    l = Promozioni(l, d - S, d, TipoDelCodice(PezzoIn[d]));
   }
   for (uint64_t b = arrivi & ~promozione; b; b &= b - 1) {
     const uint64_t d = PrimaCasa(b);
@@ -158,10 +158,10 @@ uint64_t* Genera(uint64_t* l) {
       if (info & L::DirittoCorto) *l++ = L::MossaCorto;
       if (info & L::DirittoLungo) *l++ = L::MossaLungo;
     }
-  } else if (info & (PRIMO_VUOTO | SECONDO_VUOTO)) {
+  } else if (info & (PRIMO_SENZA_SCACCO | SECONDO_SENZA_SCACCO)) {
     // Single check, in whichever field: capture the checker X or, against a
     // distant slider, step between it and the king.
-    const uint64_t X = (info & PRIMO_VUOTO) ? SecondoScacco(info) : PrimoScacco(info);
+    const uint64_t X = (info & PRIMO_SENZA_SCACCO) ? SecondoScacco(info) : PrimoScacco(info);
     const uint64_t in_mezzo = btm_InMezzo[K][X];
     if (in_mezzo) {
       if constexpr (ConQuiete<G>) l = PassiPedone<2 * L::Su>(l, doppi & in_mezzo, PEDONE_AVANZA2);
@@ -179,7 +179,7 @@ uint64_t* Genera(uint64_t* l) {
       const uint64_t pedoni = MscBersagliPedone_da[N][X] & P;
       if ((1ull << X) & L::TraversaPromozione) {
         for (uint64_t b = pedoni; b; b &= b - 1)
-          l = Promozioni(l, PrimaCasa(b), X, PezzoIn[X] >> 5);
+          l = Promozioni(l, PrimaCasa(b), X, TipoDelCodice(PezzoIn[X]));
       } else {
         l = Verso(l, pedoni, X, TipoCattura(PEDONE_CATTURA, X));
       }

@@ -38,7 +38,6 @@ inline constexpr uint64_t HashDiritti[16] = {
     HashDirittiPer(4),  HashDirittiPer(5),  HashDirittiPer(6),  HashDirittiPer(7),
     HashDirittiPer(8),  HashDirittiPer(9),  HashDirittiPer(10), HashDirittiPer(11),
     HashDirittiPer(12), HashDirittiPer(13), HashDirittiPer(14), HashDirittiPer(15)};
-constexpr int SHIFT_DIRITTI = 7;
 
 template <Colore C>
 struct Lato {
@@ -51,8 +50,8 @@ struct Lato {
   static constexpr uint64_t TraversaPromozione = C == BIANCO ? 0xFFull : 0xFF00000000000000ull;
   static constexpr uint64_t TraversaDoppioPasso = C == BIANCO ? 0xFF00000000ull : 0xFF000000ull;
 
-  static constexpr uint64_t CodiceRe = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
-  static constexpr uint64_t CodiceTorre = (uint64_t(TORRE) << 5) | (uint64_t(C) << 4);
+  static constexpr uint64_t CodiceRe = CodicePezzo(RE, C, 0);
+  static constexpr uint64_t CodiceTorre = CodicePezzo(TORRE, C, 0);
 
   // Castling: home rank, rights bits, the rooks' corners and the keys.
   static constexpr uint64_t Base = C == BIANCO ? 56 : 0;
@@ -104,7 +103,7 @@ SEMPRE_IN_LINEA void TogliDallaLista(uint64_t s) {
   materiale[C] -= IncrementoMateriale[K];
   uint64_t* const lista = casa_di<TipoPezzo(K)>(C);
   const uint64_t ultima = lista[NumeroPezzi(materiale[C], K)];
-  lista[codice & 15] = ultima;
+  lista[SlotDelCodice(codice)] = ultima;
   PezzoIn[ultima] = codice;
 }
 
@@ -112,7 +111,7 @@ SEMPRE_IN_LINEA void TogliDallaLista(uint64_t s) {
 template <Colore C, int K>
 SEMPRE_IN_LINEA void AggiungiAllaLista(uint64_t s) {
   const uint64_t slot = NumeroPezzi(materiale[C], K);
-  PezzoIn[s] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
+  PezzoIn[s] = CodicePezzo(TipoPezzo(K), C, slot);
   casa_di<TipoPezzo(K)>(C)[slot] = s;
   materiale[C] += IncrementoMateriale[K];
 }

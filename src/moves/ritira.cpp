@@ -48,7 +48,7 @@ SEMPRE_IN_LINEA void RitiraMossa(uint64_t mossa) {
     btm_pezzi[C][M] ^= O | D;
     const uint64_t codice = PezzoIn[d];
     PezzoIn[o] = codice;
-    casa_di<TipoPezzo(M)>(C)[codice & 15] = o;
+    casa_di<TipoPezzo(M)>(C)[SlotDelCodice(codice)] = o;
   }
 
   // The captured piece comes back at the end of its list.
@@ -72,7 +72,7 @@ SEMPRE_IN_LINEA void RitiraEnpassant(uint64_t mossa) {
   btm_pezzi[N][PEDONE] ^= Pp;
   const uint64_t codice = PezzoIn[d];
   PezzoIn[o] = codice;
-  casa_pedone[C][codice & 15] = o;
+  casa_pedone[C][SlotDelCodice(codice)] = o;
   PezzoIn[d] = CASA_VUOTA;
   AggiungiAllaLista<N, PEDONE>(p);
 }
@@ -95,7 +95,7 @@ SEMPRE_IN_LINEA void RitiraArrocco(uint64_t) {
   const uint64_t codice = PezzoIn[TorreArrivo];
   PezzoIn[TorreArrivo] = CASA_VUOTA;
   PezzoIn[Torre] = codice;
-  casa_torre[C][codice & 15] = Torre;
+  casa_torre[C][SlotDelCodice(codice)] = Torre;
 }
 
 template <Colore C, uint64_t T>

@@ -22,10 +22,6 @@ constexpr uint64_t Casa(const char* nome) {
   return uint64_t((nome[0] - 'a') + 8 * ('8' - nome[1]));
 }
 
-constexpr uint64_t TUTTI_GLI_ARROCCHI =
-    ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO | ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO;
-constexpr uint64_t MASCHERA_ARROCCHI = TUTTI_GLI_ARROCCHI;
-
 // Loads from an exactly sized heap copy, so that reading one byte past the
 // terminator is an AddressSanitizer error. The king squares start from known
 // values: a text without a king keeps whatever was there.
@@ -44,7 +40,7 @@ uint64_t ChiaveAttesa() {
   for (int s = 0; s < 64; ++s) {
     const uint64_t codice = PezzoIn[s];
     if (codice == CASA_VUOTA) continue;
-    chiave ^= hash_in[(codice >> 4) & 1][codice >> 5][s];
+    chiave ^= hash_in[ColoreDelCodice(codice)][TipoDelCodice(codice)][s];
   }
   const uint64_t arrocchi[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
                                 HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
@@ -58,8 +54,8 @@ uint64_t ChiaveAttesa() {
 uint64_t ChiavePedoniAttesa() {
   uint64_t chiave = 0;
   for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && (PezzoIn[s] >> 5) == PEDONE)
-      chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PEDONE][s];
+    if (PezzoIn[s] != CASA_VUOTA && TipoDelCodice(PezzoIn[s]) == PEDONE)
+      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][PEDONE][s];
   return chiave;
 }
 
@@ -67,12 +63,12 @@ uint64_t ChiavePedoniAttesa() {
 
 TEST(Fen, PosizioneIniziale) {
   ASSERT_EQ(Carica(FenIniziale), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, TUTTI_GLI_ARROCCHI);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, MASCHERA_DIRITTI);
   EXPECT_EQ(InfoPosizione & PERMESSO_ENPASSANT, 0u);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
   EXPECT_EQ(PrimoScacco(InfoPosizione), 64u);
   EXPECT_EQ(SecondoScacco(InfoPosizione), 64u);
-  EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | TUTTI_GLI_ARROCCHI);
+  EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | MASCHERA_DIRITTI);
   EXPECT_EQ(TurnoIniziale, 0u);
   EXPECT_EQ(ContatoreMosse, 0u);
   EXPECT_EQ(ElencoMosse[0], 0u);
@@ -91,8 +87,8 @@ TEST(Fen, OgniLetteraDiventaIlSuoPezzo) {
     }
     const uint64_t codice = PezzoIn[s];
     ASSERT_NE(codice, CASA_VUOTA) << s;
-    EXPECT_EQ(CaratterePezzo[codice >> 5], riferimento::Minuscola(g.casa[s])) << s;
-    EXPECT_EQ((codice >> 4) & 1, riferimento::Bianco(g.casa[s]) ? 0u : 1u) << s;
+    EXPECT_EQ(CaratterePezzo[TipoDelCodice(codice)], riferimento::Minuscola(g.casa[s])) << s;
+    EXPECT_EQ(ColoreDelCodice(codice), riferimento::Bianco(g.casa[s]) ? BIANCO : NERO) << s;
   }
   EXPECT_EQ(casa_re_bianco, Casa("e1"));
   EXPECT_EQ(casa_re_nero, Casa("e8"));
@@ -103,19 +99,19 @@ TEST(Fen, OgniLetteraDiventaIlSuoPezzo) {
 TEST(Fen, DueCampiDeduconoIDirittiDalleCase) {
   // No black king: its stale square is set first, far from e1.
   ASSERT_EQ(Carica("8/8/8/8/8/8/8/R3K2R w", 60, Casa("e8")), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
   EXPECT_EQ(ChiaveHash, ChiaveAttesa());
   EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
 }
 
 TEST(Fen, DueCampiDeduconoSoloCioCheLeCaseDanno) {
   ASSERT_EQ(Carica("r3k3/8/8/8/8/8/8/4K1R1 b"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_LUNGO_NERO);
   ASSERT_EQ(Carica("r3k2r/8/8/8/8/8/8/R2K3R w"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
   // A black rook in the corner is not a white rook.
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/r3K3 w"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, 0u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
   EXPECT_EQ(ChiaveHash, ChiaveAttesa());
 }
 
@@ -128,17 +124,17 @@ TEST(Fen, LaCasaStantiaDelReMancanteDecide) {
 
 TEST(Fen, ILettereDegliArrocchiSonoCreduteSullaParola) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KQkq -"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, TUTTI_GLI_ARROCCHI);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, MASCHERA_DIRITTI);
   EXPECT_EQ(ChiaveHash, ChiaveAttesa());
 }
 
 TEST(Fen, UnaLetteraRipetutaTogliDiNuovoLaChiave) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KK - 0 1"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO);
   // Both XORs of the key cancel: the key is that of the pieces alone.
   EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KqK - 0 1"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_NERO);
   EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
 }
 
@@ -184,10 +180,10 @@ TEST(Fen, EnpassantSulBordoGuardaUnSoloLato) {
 
 TEST(Fen, Semimosse) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 99 80"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 99u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 99u);
   EXPECT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 100 80"), 0);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 07"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 7u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 7u);
 }
 
 TEST(Fen, ReAccostatiSonoRifiutati) {
@@ -261,15 +257,15 @@ TEST(Fen, IReNonSonoContati) {
 
 TEST(Fen, ParentesiSpaziECampiInPiu) {
   ASSERT_EQ(Carica(" \t\n[4k3/8/8/8/8/8/8/4K3 b - - 12 40] tutto il resto"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 12u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 12u);
   EXPECT_EQ(TurnoIniziale, 1u);
   ASSERT_EQ(Carica("[[4k3/8/8/8/8/8/8/4K3   w\t-  -  3  x  settimo ottavo"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 3u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 3u);
   // "]" ends the text even inside the fields.
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w]KQkq"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, 0u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w K -]5"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
 }
 
 TEST(Fen, ListePieneAlLimiteSonoAccettate) {
@@ -440,7 +436,7 @@ TEST(Fen, PosizioniDiRiferimento) {
       if (c == 'k') diritti |= ARROCCO_CORTO_NERO;
       if (c == 'q') diritti |= ARROCCO_LUNGO_NERO;
     }
-    EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, diritti) << nome;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, diritti) << nome;
 
     const riferimento::Griglia g = riferimento::DaFen(fen);
     bool permesso = false;
@@ -463,7 +459,7 @@ TEST(Fen, PosizioniDiRiferimento) {
     EXPECT_EQ(SecondoScacco(InfoPosizione), secondo) << nome;
 
     EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, uint64_t(std::stoi(semimosse))) << nome;
-    EXPECT_EQ(InfoPosizione >> 26, 0u) << nome;
+    EXPECT_EQ(InfoPosizione >> BIT_INFO, 0u) << nome;
     EXPECT_EQ(ChiaveHash, ChiaveAttesa()) << nome;
     EXPECT_EQ(HashPedoni, ChiavePedoniAttesa()) << nome;
   }

@@ -31,7 +31,7 @@ void VerificaCoerenza() {
       for (uint64_t slot = 0; slot < n; ++slot) {
         const uint64_t s = lista[slot];
         ASSERT_LT(s, 64u);
-        EXPECT_EQ(PezzoIn[s], (uint64_t(k) << 5) | (uint64_t(c) << 4) | slot);
+        EXPECT_EQ(PezzoIn[s], CodicePezzo(TipoPezzo(k), Colore(c), slot));
         EXPECT_TRUE((btm_pezzi[c][k] >> s) & 1);
       }
       colore |= btm_pezzi[c][k];
@@ -105,8 +105,8 @@ TEST(Posizione, TorreEDonnaPesanoTreEQuattordici) {
     EXPECT_EQ(Byte(materiale[c], 4), 1u) << c;
     EXPECT_EQ(Byte(materiale[c], 5), 0u) << c;
     EXPECT_EQ(materiale[1 - c], 0u) << c;
-    EXPECT_EQ(PezzoIn[20], 0x60u | (uint64_t(c) << 4));
-    EXPECT_EQ(PezzoIn[40], 0x80u | (uint64_t(c) << 4));
+    EXPECT_EQ(PezzoIn[20], CodicePezzo(TORRE, Colore(c), 0));
+    EXPECT_EQ(PezzoIn[40], CodicePezzo(DONNA, Colore(c), 0));
   }
 }
 

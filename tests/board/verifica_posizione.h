@@ -15,14 +15,15 @@ inline bool PosizioneCoerente() {
     const uint64_t codice = PezzoIn[s];
     if (((btm_occupazione >> s) & 1) != (codice != CASA_VUOTA)) return false;
     if (codice == CASA_VUOTA) continue;
-    const uint64_t colore = (codice >> 4) & 1, tipo = codice >> 5;
-    if (tipo > RE) return false;
+    if (!CodiceDiPezzo(codice)) return false;
+    const Colore colore = ColoreDelCodice(codice);
+    const TipoPezzo tipo = TipoDelCodice(codice);
     chiave ^= hash_in[colore][tipo][s];
     colori[colore] |= 1ull << s;
     if (tipo == PEDONE) pedoni ^= hash_in[colore][tipo][s];
     if (tipo == RE) continue;
     ++conteggi[colore][tipo];
-    const uint64_t slot = codice & 15;
+    const uint64_t slot = SlotDelCodice(codice);
     if (!((btm_pezzi[colore][tipo] >> s) & 1)) return false;
     if (slot >= uint64_t(CapienzaLista[tipo])) return false;
     const uint64_t* lista = tipo == PEDONE    ? casa_pedone[colore]
@@ -40,8 +41,8 @@ inline bool PosizioneCoerente() {
     }
   }
   if (HashPedoni != pedoni) return false;
-  if (InfoPosizione >> 26 != 0) return false;
-  if ((InfoPosizione & MASCHERA_SEMIMOSSE) > 99) return false;
+  if (InfoPosizione >> BIT_INFO != 0) return false;
+  if (Semimosse(InfoPosizione) > 99) return false;
   if (PrimoScacco(InfoPosizione) > 64 || SecondoScacco(InfoPosizione) > 64) return false;
   if (PrimoScacco(InfoPosizione) == 64 && SecondoScacco(InfoPosizione) != 64) return false;
   if (ContatoreMosse != TurnoIniziale || TurnoIniziale > 1) return false;
@@ -52,7 +53,7 @@ inline bool PosizioneCoerente() {
     resto ^= HashPermessoEnpassantIn[(ElencoMosse[ContatoreMosse] >> 6) & 63];
   const uint64_t arrocchi[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
                                 HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-  const uint64_t concessi = (InfoPosizione >> 7) & 15;
+  const uint64_t concessi = DirittiConcessi(InfoPosizione);
   for (uint64_t sottoinsieme = 0; sottoinsieme < 16; ++sottoinsieme) {
     if (sottoinsieme & ~concessi) continue;
     uint64_t k = 0;

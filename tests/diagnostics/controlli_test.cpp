@@ -178,7 +178,7 @@ TEST_F(Controlli, ChiaviScorretteEPedoniSpostati) {
 
   // A pawn moved in its list but not on the board: every part says so.
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  casa_pedone_bianco[PezzoIn[52] & 15] = 44;  // e2 listed on e3
+  casa_pedone_bianco[SlotDelCodice(PezzoIn[52])] = 44;  // e2 listed on e3
   Controlla(0);
   EXPECT_EQ(Testo(),
             "ControllaPosizione_pedone_bianco in e3\n"
@@ -192,7 +192,7 @@ TEST_F(Controlli, DopoRitiraNominaLaMossaRitirata) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
   ASSERT_EQ(Fai(Mossa(52, 36, PEDONE_AVANZA2)), 1);
   Ritira();
-  PezzoIn[36] = 0x10;  // a black pawn left behind on e4
+  PezzoIn[36] = CodicePezzo(PEDONE, NERO, 0);  // a black pawn left behind on e4
   EXPECT_EQ(Controlla(1),
             "Errore!\n nella casa e4 non dovrebbe esserci 0\n\n"
             "DopoRitiraMossa 1 pedone avanza2, e2e4\n");

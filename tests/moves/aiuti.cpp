@@ -78,7 +78,8 @@ std::vector<uint64_t> Legali() {
 uint64_t ChiaveDaZero() {
   uint64_t chiave = 0;
   for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA) chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PezzoIn[s] >> 5][s];
+    if (PezzoIn[s] != CASA_VUOTA)
+      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][TipoDelCodice(PezzoIn[s])][s];
   if (InfoPosizione & ARROCCO_CORTO_BIANCO) chiave ^= HASH_ARROCCO_CORTO_BIANCO;
   if (InfoPosizione & ARROCCO_LUNGO_BIANCO) chiave ^= HASH_ARROCCO_LUNGO_BIANCO;
   if (InfoPosizione & ARROCCO_CORTO_NERO) chiave ^= HASH_ARROCCO_CORTO_NERO;
@@ -91,8 +92,8 @@ uint64_t ChiaveDaZero() {
 uint64_t HashPedoniDaZero() {
   uint64_t chiave = 0;
   for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && (PezzoIn[s] >> 5) == PEDONE)
-      chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PEDONE][s];
+    if (PezzoIn[s] != CASA_VUOTA && TipoDelCodice(PezzoIn[s]) == PEDONE)
+      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][PEDONE][s];
   return chiave;
 }
 
@@ -136,7 +137,7 @@ std::string ControllaCoerenza() {
       uint64_t insieme = 0;
       for (uint64_t i = 0; i < n; ++i) {
         const uint64_t s = lista[i];
-        if (s > 63 || PezzoIn[s] != ((uint64_t(k) << 5) | (uint64_t(c) << 4) | i))
+        if (s > 63 || PezzoIn[s] != CodicePezzo(TipoPezzo(k), Colore(c), i))
           errori += "slot " + std::to_string(i) + " of kind " + std::to_string(k) + "; ";
         else
           insieme |= 1ull << s;
@@ -144,7 +145,7 @@ std::string ControllaCoerenza() {
       if (insieme != btm_pezzi[c][k]) errori += "bitboard of kind " + std::to_string(k) + "; ";
       viste[c] |= insieme;
     }
-    if (PezzoIn[casa_re[c]] != (0xA0u | (uint64_t(c) << 4))) errori += "king code; ";
+    if (PezzoIn[casa_re[c]] != CodicePezzo(RE, Colore(c), 0)) errori += "king code; ";
     viste[c] |= 1ull << casa_re[c];
     if (viste[c] != btm_colore[c]) errori += "colour bitboard; ";
   }

@@ -149,21 +149,21 @@ TEST(FaiMossa, CatturaDellaTorreInH8TogliIlDiritto) {
   // Without the right nothing changes; a queen taken there changes no right.
   ASSERT_TRUE(Carica("4k2r/8/6N1/8/8/8/8/4K3 w q - 0 1"));
   FaiEControlla("g6h8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_LUNGO_NERO);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero());
   ASSERT_TRUE(Carica("4k2q/8/6N1/8/8/8/8/4K3 w k - 0 1"));
   FaiEControlla("g6h8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero());
   // Rook takes rook: its own right goes, then the captured one.
   ASSERT_TRUE(Carica("4k2r/8/8/8/8/8/8/4K2R w Kk - 0 1"));
   FaiEControlla("h1h8");
-  EXPECT_EQ(InfoPosizione & 0x780, 0u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero());
   // Black taking the rook on a1 clears White's queen side.
   ASSERT_TRUE(Carica("r3k3/8/8/8/8/8/8/R3K3 b Q - 0 1"));
   FaiEControlla("a8a1");
-  EXPECT_EQ(InfoPosizione & 0x780, 0u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero());
 }
 
@@ -176,27 +176,28 @@ TEST(FaiMossa, MosseDiReETorreTolgonoIDiritti) {
   for (const auto& caso : casi) {
     ASSERT_TRUE(Carica(fen));
     FaiEControlla(caso.mossa);
-    EXPECT_EQ(InfoPosizione & 0x780, caso.restano) << caso.mossa;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, caso.restano) << caso.mossa;
     EXPECT_EQ(ChiaveHash, ChiaveDaZero()) << caso.mossa;
   }
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"));
   FaiEControlla("h8h2");
-  EXPECT_EQ(InfoPosizione & 0x780, 0x580u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI,
+            ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO | ARROCCO_LUNGO_NERO);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero());
 }
 
 TEST(FaiMossa, ArroccoLungoLasciaLeChiaviDeiDiritti) {
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1"));
   FaiEControlla("e1c1");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero() ^ HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO);
   EXPECT_EQ(PezzoIn[Casa("c1")], CODICE_RE_BIANCO);
-  EXPECT_EQ(PezzoIn[Casa("d1")] & 0xF0, 0x60u);
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("d1")]), CodicePezzo(TORRE, BIANCO, 0));
   EXPECT_EQ(casa_re_bianco, Casa("c1"));
   // Black's queen side keeps its keys as well; king side removes them.
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"));
   FaiEControlla("e8c8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
   EXPECT_EQ(ChiaveHash, ChiaveDaZero() ^ HASH_ARROCCHI_NERO);
   for (const char* fen :
        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"}) {
@@ -235,7 +236,7 @@ TEST(FaiMossa, ArroccoNonGuardaLaCasaDelReNeIDiritti) {
   ASSERT_TRUE(Carica("6k1/8/8/8/8/8/8/4K2R w - - 0 1"));
   SalvaParolePosizione();
   EXPECT_EQ(fai_o_o_del_bianco(MOSSA_O_O_BIANCO), 1);
-  EXPECT_EQ(PezzoIn[Casa("f1")] & 0xF0, 0x60u);
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("f1")]), CodicePezzo(TORRE, BIANCO, 0));
   EXPECT_EQ(ControllaCoerenza(), "");
   ASSERT_TRUE(Carica("r3k3/8/8/8/8/8/8/7K b - - 0 1"));
   SalvaParolePosizione();
@@ -299,14 +300,14 @@ TEST(FaiMossa, ContatoreSemimosseSiFermaA127) {
   const char* const giro[4] = {"g1f3", "b8c6", "f3g1", "c6b8"};
   for (int i = 0; i < 40; ++i) {
     FaiEControlla(giro[i % 4]);
-    EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, uint64_t(std::min(99 + i + 1, 127))) << i;
-    EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_BIANCO) << i;
+    EXPECT_EQ(Semimosse(InfoPosizione), uint64_t(std::min(99 + i + 1, 127))) << i;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO) << i;
     EXPECT_EQ(ChiaveHash, ChiaveDaZero()) << i;
   }
   // A pawn move or a capture restarts it.
   ASSERT_TRUE(Carica("4k3/8/8/8/8/8/4P3/4K3 w - - 50 1"));
   FaiEControlla("e2e3");
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
 }
 
 TEST(FaiMossa, PromozioneConCatturaSullaDiagonaleUnSoloScacco) {
@@ -346,14 +347,14 @@ TEST(FaiMossa, ContatoreSemimosseFermoA127PerOgniMossaCheLoAumenta) {
     SCOPED_TRACE(std::string(fen) + " " + mossa);
     ASSERT_TRUE(Carica(fen));
     FaiEControlla(mossa);
-    const uint64_t diritti = InfoPosizione & 0x780;
+    const uint64_t diritti = InfoPosizione & MASCHERA_DIRITTI;
     const uint64_t chiave = ChiaveHash;
     for (uint64_t prima : {126u, 127u}) {
       ASSERT_TRUE(Carica(fen));
       InfoPosizione = (InfoPosizione & ~MASCHERA_SEMIMOSSE) | prima;
       FaiEControlla(mossa);
-      EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 127u);
-      EXPECT_EQ(InfoPosizione & 0x780, diritti);
+      EXPECT_EQ(Semimosse(InfoPosizione), 127u);
+      EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, diritti);
       EXPECT_EQ(ChiaveHash, chiave);
     }
   }

@@ -111,8 +111,8 @@ TEST(RitiraMossa, PromozioneConCatturaRitirata) {
   EXPECT_EQ(NumeroPezzi(materiale_del_bianco, PEDONE), 2u);
   EXPECT_EQ(NumeroPezzi(materiale_del_bianco, DONNA), 0u);
   EXPECT_EQ(NumeroPezzi(materiale_del_nero, TORRE), 1u);
-  EXPECT_EQ(PezzoIn[Casa("b8")], 0x70u);
-  EXPECT_EQ(PezzoIn[Casa("a7")] & 0xF0, 0x00u);
+  EXPECT_EQ(PezzoIn[Casa("b8")], CodicePezzo(TORRE, NERO, 0));
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("a7")]), CodicePezzo(PEDONE, BIANCO, 0));
   EXPECT_EQ(ControllaCoerenza(), "");
   // The pawn came back at the end of its list: a7 is now slot 1.
   EXPECT_EQ(casa_pedone_bianco[1], Casa("a7"));
