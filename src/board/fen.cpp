@@ -5,6 +5,7 @@
 
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/liste.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
 

@@ -7,6 +7,10 @@
 #include <bit>
 #include <cstdint>
 
+// The helpers on the make and unmake paths are always inlined, so that each
+// of those functions stays one straight piece of code.
+#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
+
 // Colours index every per-side table: 0 White, 1 Black.
 enum Colore : int { BIANCO = 0, NERO = 1 };
 constexpr Colore operator~(Colore c) { return Colore(c ^ 1); }
@@ -200,18 +204,5 @@ extern const uint64_t HashCatturaEnpassantIn[64];
 extern const uint64_t HashPermessoEnpassantIn[64];
 
 // ---------------------------------------------------------------------------
-// Placement: put one piece on an empty square, keeping every structure in step.
-void inserisci_pedone_bianco(uint64_t casa);
-void inserisci_cavallo_bianco(uint64_t casa);
-void inserisci_alfiere_bianco(uint64_t casa);
-void inserisci_torre_bianco(uint64_t casa);
-void inserisci_donna_bianco(uint64_t casa);
-void inserisci_re_bianco(uint64_t casa);
-void inserisci_pedone_nero(uint64_t casa);
-void inserisci_cavallo_nero(uint64_t casa);
-void inserisci_alfiere_nero(uint64_t casa);
-void inserisci_torre_nero(uint64_t casa);
-void inserisci_donna_nero(uint64_t casa);
-void inserisci_re_nero(uint64_t casa);
-
+// An empty board; pieces are placed by the functions of board/liste.h.
 void SvuotaScacchiera();

@@ -5,6 +5,7 @@
 
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/liste.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
@@ -149,9 +150,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     if constexpr (X == PEDONE) chiave_pedoni = chiave;
   }
   if constexpr (M == RE) {
-    PezzoIn[o] = CASA_VUOTA;
-    PezzoIn[d] = L::CodiceRe;
-    casa_re[C] = d;
+    SpostaPezzo<C, RE>(o, d);
     chiave ^= hash_in[C][RE][o] ^ hash_in[C][RE][d];
   } else if constexpr (Promozione) {
     TogliDallaLista<C, PEDONE>(o);
@@ -160,10 +159,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     chiave ^= hash_in[C][PEDONE][o] ^ hash_in[C][P][d];
     chiave_pedoni ^= hash_in[C][PEDONE][o];
   } else {
-    const uint64_t codice = PezzoIn[o];
-    PezzoIn[o] = CASA_VUOTA;
-    PezzoIn[d] = codice;
-    casa_di<TipoPezzo(M)>(C)[SlotDelCodice(codice)] = d;
+    SpostaPezzo<C, M>(o, d);
     uint64_t passo;
     if constexpr (M == PEDONE && !Cattura)
       passo = Tipo.doppio ? HashSpostaPedone2In[d] : HashSpostaPedone_in[C][d];
@@ -220,10 +216,7 @@ SEMPRE_IN_LINEA int FaiEnpassant(uint64_t mossa) {
   btm_pezzi[N][PEDONE] ^= Pp;
   TogliDallaLista<N, PEDONE>(p);
   PezzoIn[p] = CASA_VUOTA;
-  const uint64_t codice = PezzoIn[o];
-  PezzoIn[o] = CASA_VUOTA;
-  PezzoIn[d] = codice;
-  casa_pedone[C][SlotDelCodice(codice)] = d;
+  SpostaPezzo<C, PEDONE>(o, d);
 
   const uint64_t chiave_pedoni = HashCatturaEnpassantIn[p] ^ hash_in[C][PEDONE][o];
   HashPedoni ^= chiave_pedoni;
@@ -271,13 +264,8 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  PezzoIn[Re] = CASA_VUOTA;
-  PezzoIn[ReArrivo] = L::CodiceRe;
-  casa_re[C] = ReArrivo;
-  const uint64_t codice = PezzoIn[Torre];
-  PezzoIn[Torre] = CASA_VUOTA;
-  PezzoIn[TorreArrivo] = codice;
-  casa_torre[C][SlotDelCodice(codice)] = TorreArrivo;
+  SpostaPezzo<C, RE>(Re, ReArrivo);
+  SpostaPezzo<C, TORRE>(Torre, TorreArrivo);
 
   uint64_t info = InfoPosizione;
   uint64_t chiave;

@@ -6,12 +6,9 @@
 #include <cstdint>
 
 #include "board/geometria.h"
+#include "board/liste.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
-
-// The helpers of the move families are always inlined, so that each named
-// function is one straight piece of code.
-#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
 
 // A shift towards higher squares for positive S, lower for negative.
 template <int S>
@@ -92,26 +89,4 @@ constexpr DescrizioneTipo Descrivi(uint64_t t) {
     return {PEDONE, preso == 0 ? NESSUNO : preso, int(t - PROMOZIONE_CAVALLO) / 5 + 1, false};
   }
   return {NESSUNO, NESSUNO, NESSUNO, false};  // null move, castling, en passant
-}
-
-// Square lists are unordered sets: a piece leaving its list hands its slot to
-// the last piece of its kind, whose code takes the new slot. The caller then
-// rewrites PezzoIn[s] itself.
-template <Colore C, int K>
-SEMPRE_IN_LINEA void TogliDallaLista(uint64_t s) {
-  const uint64_t codice = PezzoIn[s];
-  materiale[C] -= IncrementoMateriale[K];
-  uint64_t* const lista = casa_di<TipoPezzo(K)>(C);
-  const uint64_t ultima = lista[NumeroPezzi(materiale[C], K)];
-  lista[SlotDelCodice(codice)] = ultima;
-  PezzoIn[ultima] = codice;
-}
-
-// A piece entering its list takes the next free slot.
-template <Colore C, int K>
-SEMPRE_IN_LINEA void AggiungiAllaLista(uint64_t s) {
-  const uint64_t slot = NumeroPezzi(materiale[C], K);
-  PezzoIn[s] = CodicePezzo(TipoPezzo(K), C, slot);
-  casa_di<TipoPezzo(K)>(C)[slot] = s;
-  materiale[C] += IncrementoMateriale[K];
 }

@@ -3,6 +3,7 @@
 // written once as a template and instantiated into the named functions.
 #include "moves/ritira.h"
 
+#include "board/liste.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
@@ -37,25 +38,20 @@ SEMPRE_IN_LINEA void RitiraMossa(uint64_t mossa) {
   }
 
   if constexpr (M == RE) {
-    PezzoIn[o] = Lato<C>::CodiceRe;
-    casa_re[C] = o;
+    SpostaPezzo<C, RE>(d, o);
   } else if constexpr (Promozione) {
     btm_pezzi[C][PEDONE] ^= O;
     btm_pezzi[C][P] ^= D;
     AggiungiAllaLista<C, PEDONE>(o);
     TogliDallaLista<C, P>(d);
+    if constexpr (!Cattura) PezzoIn[d] = CASA_VUOTA;
   } else {
     btm_pezzi[C][M] ^= O | D;
-    const uint64_t codice = PezzoIn[d];
-    PezzoIn[o] = codice;
-    casa_di<TipoPezzo(M)>(C)[SlotDelCodice(codice)] = o;
+    SpostaPezzo<C, M>(d, o);
   }
 
   // The captured piece comes back at the end of its list.
-  if constexpr (Cattura)
-    AggiungiAllaLista<N, X>(d);
-  else
-    PezzoIn[d] = CASA_VUOTA;
+  if constexpr (Cattura) AggiungiAllaLista<N, X>(d);
 }
 
 template <Colore C>
@@ -70,10 +66,7 @@ SEMPRE_IN_LINEA void RitiraEnpassant(uint64_t mossa) {
   btm_pezzi[C][PEDONE] ^= O | D;
   btm_colore[N] ^= Pp;
   btm_pezzi[N][PEDONE] ^= Pp;
-  const uint64_t codice = PezzoIn[d];
-  PezzoIn[o] = codice;
-  casa_pedone[C][SlotDelCodice(codice)] = o;
-  PezzoIn[d] = CASA_VUOTA;
+  SpostaPezzo<C, PEDONE>(d, o);
   AggiungiAllaLista<N, PEDONE>(p);
 }
 
@@ -89,13 +82,8 @@ SEMPRE_IN_LINEA void RitiraArrocco(uint64_t) {
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  PezzoIn[ReArrivo] = CASA_VUOTA;
-  PezzoIn[Re] = Lato<C>::CodiceRe;
-  casa_re[C] = Re;
-  const uint64_t codice = PezzoIn[TorreArrivo];
-  PezzoIn[TorreArrivo] = CASA_VUOTA;
-  PezzoIn[Torre] = codice;
-  casa_torre[C][SlotDelCodice(codice)] = Torre;
+  SpostaPezzo<C, RE>(ReArrivo, Re);
+  SpostaPezzo<C, TORRE>(TorreArrivo, Torre);
 }
 
 template <Colore C, uint64_t T>

@@ -5,6 +5,8 @@
 #include <bit>
 #include <set>
 
+#include "board/liste.h"
+
 namespace {
 
 using Inserisci = void (*)(uint64_t);
