@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "board/arrocco.h"
 #include "board/attacchi.h"
 #include "board/geometria.h"
 #include "board/liste.h"
@@ -99,26 +100,21 @@ int CaricaTurno() {
   return 1;
 }
 
-constexpr uint64_t BitArrocco[4] = {ARROCCO_CORTO_BIANCO, ARROCCO_LUNGO_BIANCO, ARROCCO_CORTO_NERO,
-                                    ARROCCO_LUNGO_NERO};
-constexpr uint64_t ChiaveArrocco[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                                       HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-
+// i: 0 White king side, 1 White queen side, 2 and 3 Black's.
 void ConcediArrocco(int i) {
-  InfoPosizione |= BitArrocco[i];
-  ChiaveHash ^= ChiaveArrocco[i];
-}
-
-bool TorreIn(uint64_t casa, Colore colore) {
-  return CodiceSenzaSlot(PezzoIn[casa]) == CodicePezzo(TORRE, colore, 0);
+  const uint64_t diritto = ARROCCO_CORTO_BIANCO << i;
+  InfoPosizione |= diritto;
+  ChiaveHash ^= ChiaveDiritti(diritto);
 }
 
 // Without a castling field the rights follow from kings and rooks at home.
 void DeduciArrocchi() {
-  if (casa_re_bianco == 60 && TorreIn(63, BIANCO)) ConcediArrocco(0);
-  if (casa_re_bianco == 60 && TorreIn(56, BIANCO)) ConcediArrocco(1);
-  if (casa_re_nero == 4 && TorreIn(7, NERO)) ConcediArrocco(2);
-  if (casa_re_nero == 4 && TorreIn(0, NERO)) ConcediArrocco(3);
+  for (int i = 0; i < 4; ++i) {
+    const Colore c = Colore(i >> 1);
+    const Arrocco& a = Arrocchi[c][i & 1];
+    if (casa_re[c] == a.re && CodiceSenzaSlot(PezzoIn[a.torre]) == CodicePezzo(TORRE, c, 0))
+      ConcediArrocco(i);
+  }
 }
 
 // The letters are trusted as given; a repeated letter toggles its key again.

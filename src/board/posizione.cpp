@@ -31,10 +31,6 @@ uint64_t ElencoMosse[MAX_SEMIMOSSE];
 uint64_t ChiaveHash;
 uint64_t HashPedoni;
 
-constexpr uint64_t hash_in[2][6][64] = {
-#include "board/chiavi_zobrist.inc"
-};
-
 // ---------------------------------------------------------------------------
 // Derived key tables: the combined keys make-move XORs in one step.
 namespace {
@@ -77,16 +73,10 @@ constexpr uint64_t HashCatturaEnpassantIn[64] = {TABELLA64(CatturaEnpassant)};
 constexpr uint64_t HashPermessoEnpassantIn[64] = {TABELLA64(PermessoEnpassant)};
 
 // The piece keys of each castling, as make-move adds them in one constant.
-static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[62] ^ hash_torre_bianco_in[63] ^
-               hash_torre_bianco_in[61]) == 0x3aa3e0b15d7a91b6ull);
-static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[58] ^ hash_torre_bianco_in[56] ^
-               hash_torre_bianco_in[59]) == 0x7d94c8673fc52b60ull);
-static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[6] ^ hash_torre_nero_in[7] ^
-               hash_torre_nero_in[5]) == 0xecfe612e1daf5aaeull);
-static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[2] ^ hash_torre_nero_in[0] ^
-               hash_torre_nero_in[3]) == 0xd11f82d3411bd340ull);
-static_assert((HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO) == HASH_ARROCCHI_BIANCO);
-static_assert((HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO) == HASH_ARROCCHI_NERO);
+static_assert(ChiavePezziArrocco(BIANCO, Arrocchi[BIANCO][0]) == Arrocchi[BIANCO][0].chiave_pezzi);
+static_assert(ChiavePezziArrocco(BIANCO, Arrocchi[BIANCO][1]) == Arrocchi[BIANCO][1].chiave_pezzi);
+static_assert(ChiavePezziArrocco(NERO, Arrocchi[NERO][0]) == Arrocchi[NERO][0].chiave_pezzi);
+static_assert(ChiavePezziArrocco(NERO, Arrocchi[NERO][1]) == Arrocchi[NERO][1].chiave_pezzi);
 
 // The square lists and king squares keep stale values: the counts say which
 // slots are meaningful, and placing a king rewrites its square.
@@ -104,4 +94,23 @@ void SvuotaScacchiera() {
   InfoPosizione = 0;
   ContatoreMosse = 0;
   ElencoMosse[0] = 0;
+}
+
+uint64_t CalcolaChiaveHash() {
+  uint64_t chiave = ChiaveDiritti(InfoPosizione) ^ ChiavePermessoEnpassant(InfoPosizione);
+  for (uint64_t s = 0; s < 64; ++s) {
+    const uint64_t codice = PezzoIn[s];
+    if (codice != CASA_VUOTA) chiave ^= hash_in[ColoreDelCodice(codice)][TipoDelCodice(codice)][s];
+  }
+  return chiave;
+}
+
+uint64_t CalcolaHashPedoni() {
+  uint64_t chiave = 0;
+  for (uint64_t s = 0; s < 64; ++s) {
+    const uint64_t codice = PezzoIn[s];
+    if (codice != CASA_VUOTA && TipoDelCodice(codice) == PEDONE)
+      chiave ^= hash_in[ColoreDelCodice(codice)][PEDONE][s];
+  }
+  return chiave;
 }

@@ -7,6 +7,9 @@
 #include <bit>
 #include <cstdint>
 
+#include "board/arrocco.h"
+#include "board/mossa.h"
+
 // The helpers on the make and unmake paths are always inlined, so that each
 // of those functions stays one straight piece of code.
 #define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
@@ -159,6 +162,14 @@ constexpr uint64_t SecondoScacco(uint64_t info) {
   return (info >> SHIFT_SECONDO_SCACCO) & MASCHERA_CASA_SCACCO;
 }
 
+// The right bit of one castling, and both of a colour.
+constexpr uint64_t DirittoArrocco(Colore c, bool lungo) {
+  return ARROCCO_CORTO_BIANCO << (2 * int(c) + lungo);
+}
+constexpr uint64_t DirittiDel(Colore c) {
+  return DirittoArrocco(c, false) | DirittoArrocco(c, true);
+}
+
 // Game record: the side to move is the parity of ContatoreMosse.
 constexpr int MAX_SEMIMOSSE = 512;
 extern uint64_t ContatoreMosse;
@@ -173,7 +184,10 @@ extern uint64_t ChiaveHash;
 extern uint64_t HashPedoni;
 
 // Base tables [colour][kind][square], kinds pawn..king.
-extern const uint64_t hash_in[2][6][64];
+// Visible here so that the castlings' keys can be checked at compile time.
+inline constexpr uint64_t hash_in[2][6][64] = {
+#include "board/chiavi_zobrist.inc"
+};
 inline const uint64_t (&hash_pedone_bianco_in)[64] = hash_in[BIANCO][PEDONE];
 inline const uint64_t (&hash_cavallo_bianco_in)[64] = hash_in[BIANCO][CAVALLO];
 inline const uint64_t (&hash_alfiere_bianco_in)[64] = hash_in[BIANCO][ALFIERE];
@@ -187,13 +201,36 @@ inline const uint64_t (&hash_torre_nero_in)[64] = hash_in[NERO][TORRE];
 inline const uint64_t (&hash_donna_nero_in)[64] = hash_in[NERO][DONNA];
 inline const uint64_t (&hash_re_nero_in)[64] = hash_in[NERO][RE];
 
-// Castling-right keys and their pairwise combinations.
+// The four piece keys of a castling (king and rook out and in): equal to its
+// Arrocco::chiave_pezzi, which make-move adds in their place.
+constexpr uint64_t ChiavePezziArrocco(Colore c, const Arrocco& a) {
+  return hash_in[c][RE][a.re] ^ hash_in[c][RE][a.re_arrivo] ^ hash_in[c][TORRE][a.torre] ^
+         hash_in[c][TORRE][a.torre_arrivo];
+}
+
+// Castling-right keys.
 constexpr uint64_t HASH_ARROCCO_CORTO_BIANCO = 0x8afd7d2bbd35a91dull;
 constexpr uint64_t HASH_ARROCCO_LUNGO_BIANCO = 0x0e978b7c4d38da67ull;
 constexpr uint64_t HASH_ARROCCO_CORTO_NERO = 0xb2646b84387fdea8ull;
 constexpr uint64_t HASH_ARROCCO_LUNGO_NERO = 0x6f871e8ef10433f8ull;
-constexpr uint64_t HASH_ARROCCHI_BIANCO = 0x846af657f00d737aull;
-constexpr uint64_t HASH_ARROCCHI_NERO = 0xdde3750ac97bed50ull;
+
+// The keys of every set of rights, by DirittiConcessi: one XOR takes out
+// whatever subset is being cleared.
+constexpr uint64_t HashDirittiPer(uint64_t diritti) {
+  return ((diritti & 1) ? HASH_ARROCCO_CORTO_BIANCO : 0) ^
+         ((diritti & 2) ? HASH_ARROCCO_LUNGO_BIANCO : 0) ^
+         ((diritti & 4) ? HASH_ARROCCO_CORTO_NERO : 0) ^
+         ((diritti & 8) ? HASH_ARROCCO_LUNGO_NERO : 0);
+}
+inline constexpr uint64_t HashDiritti[16] = {
+    HashDirittiPer(0),  HashDirittiPer(1),  HashDirittiPer(2),  HashDirittiPer(3),
+    HashDirittiPer(4),  HashDirittiPer(5),  HashDirittiPer(6),  HashDirittiPer(7),
+    HashDirittiPer(8),  HashDirittiPer(9),  HashDirittiPer(10), HashDirittiPer(11),
+    HashDirittiPer(12), HashDirittiPer(13), HashDirittiPer(14), HashDirittiPer(15)};
+// The keys of the rights set in an information word (or any of its bits).
+constexpr uint64_t ChiaveDiritti(uint64_t info) { return HashDiritti[DirittiConcessi(info)]; }
+constexpr uint64_t HASH_ARROCCHI_BIANCO = ChiaveDiritti(DirittiDel(BIANCO));
+constexpr uint64_t HASH_ARROCCHI_NERO = ChiaveDiritti(DirittiDel(NERO));
 
 // Derived key tables (see posizione.cpp for the rules).
 extern const uint64_t HashSpostaPedone_in[2][64];
@@ -202,6 +239,21 @@ inline const uint64_t (&HashSpostaPedone_nero_in)[64] = HashSpostaPedone_in[NERO
 extern const uint64_t HashSpostaPedone2In[64];
 extern const uint64_t HashCatturaEnpassantIn[64];
 extern const uint64_t HashPermessoEnpassantIn[64];
+
+// The key of the pawn that has just double-stepped: the last move recorded.
+SEMPRE_IN_LINEA uint64_t ChiaveUltimoDoppioPasso() {
+  return HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+}
+// The en passant key that an information word holds, if any.
+SEMPRE_IN_LINEA uint64_t ChiavePermessoEnpassant(uint64_t info) {
+  return (info & PERMESSO_ENPASSANT) ? ChiaveUltimoDoppioPasso() : 0;
+}
+
+// ChiaveHash and HashPedoni as the piece table, the rights and the en passant
+// permission give them, without the incremental updates. Every entry of
+// PezzoIn must be empty or a piece's code.
+uint64_t CalcolaChiaveHash();
+uint64_t CalcolaHashPedoni();
 
 // ---------------------------------------------------------------------------
 // An empty board; pieces are placed by the functions of board/liste.h.

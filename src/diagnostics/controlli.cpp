@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "board/arrocco.h"
 #include "board/mossa.h"
 #include "console/schermo.h"
 #include "diagnostics/stampa.h"
@@ -43,26 +44,9 @@ const char* NomeTipo(uint64_t mossa) {
   if (scritti > 0) r.LunghezzaTesto += uint32_t(std::min(size_t(scritti), resto - 1));
 }
 
-// Castling rights of one colour: bit in InfoPosizione and its key.
-struct DirittoArrocco {
-  uint64_t bit, chiave;
-};
-constexpr DirittoArrocco DirittiArrocco[2][2] = {
-    {{ARROCCO_CORTO_BIANCO, HASH_ARROCCO_CORTO_BIANCO},
-     {ARROCCO_LUNGO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO}},
-    {{ARROCCO_CORTO_NERO, HASH_ARROCCO_CORTO_NERO}, {ARROCCO_LUNGO_NERO, HASH_ARROCCO_LUNGO_NERO}}};
-
-// The keys of the four piece moves of a castling, as make-move uses them.
-struct ChiaveArrocco {
-  Colore colore;
-  uint64_t re_da, re_a, torre_da, torre_a, attesa;
-  const char* etichetta;
-};
-constexpr ChiaveArrocco ChiaviArrocco[4] = {
-    {BIANCO, 60, 62, 63, 61, 0x3aa3e0b15d7a91b6ull, "errore11"},
-    {BIANCO, 60, 58, 56, 59, 0x7d94c8673fc52b60ull, "errore12"},
-    {NERO, 4, 6, 7, 5, 0xecfe612e1daf5aaeull, "errore13"},
-    {NERO, 4, 2, 0, 3, 0xd11f82d3411bd340ull, "errore14"}};
+// The label of each castling whose piece keys disagree with its constant,
+// [colour][0 king side, 1 queen side].
+const char* const EtichettaArrocco[2][2] = {{"errore11", "errore12"}, {"errore13", "errore14"}};
 
 }  // namespace
 
@@ -81,12 +65,11 @@ void ControllaChiaviHash() {
     if (HashSpostaPedone_bianco_in[t] != (bianco[t] ^ bianco[t + 8])) puts("errore5");
   for (int t = 16; t <= 55; ++t)
     if (HashSpostaPedone_nero_in[t] != (nero[t] ^ nero[t - 8])) puts("errore6");
-  for (const ChiaveArrocco& a : ChiaviArrocco) {
-    const uint64_t* re = hash_in[a.colore][RE];
-    const uint64_t* torre = hash_in[a.colore][TORRE];
-    if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
-      puts(a.etichetta);
-  }
+  for (int c = 0; c < 2; ++c)
+    for (int lungo = 0; lungo < 2; ++lungo) {
+      const Arrocco& a = Arrocchi[c][lungo];
+      if (ChiavePezziArrocco(Colore(c), a) != a.chiave_pezzi) puts(EtichettaArrocco[c][lungo]);
+    }
 }
 
 template <Colore C, TipoPezzo K>
@@ -104,8 +87,7 @@ void ControllaPosizione_pezzo() {
       r.ChiaveRicalcolata ^= hash_in[C][RE][casa];
       r.CaseViste ^= 1ull << casa;
     }
-    for (const DirittoArrocco& d : DirittiArrocco[C])
-      if (InfoPosizione & d.bit) r.ChiaveRicalcolata ^= d.chiave;
+    r.ChiaveRicalcolata ^= ChiaveDiritti(InfoPosizione & DirittiDel(C));
   } else {
     const uint64_t* lista = casa_di<K>(C);
     uint64_t n = NumeroPezzi(materiale[C], K);
@@ -165,10 +147,8 @@ void ControllaPosizione(int dopo_ritira) {
   ControllaPosizione_donna_nero();
   ControllaPosizione_re_nero();
 
-  // The permission's key belongs to the pawn that has just made its double
-  // step.
-  if ((InfoPosizione & PERMESSO_ENPASSANT) && ContatoreMosse < MAX_SEMIMOSSE)
-    r.ChiaveRicalcolata ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+  // A corrupted counter must not index past the record.
+  if (ContatoreMosse < MAX_SEMIMOSSE) r.ChiaveRicalcolata ^= ChiavePermessoEnpassant(InfoPosizione);
 
   if (r.ChiaveRicalcolata != ChiaveHash) AggiungiAlReport("chiave hash scorretta\n");
   if (r.HashPedoniRicalcolata != HashPedoni) AggiungiAlReport("hash pedoni scorretta\n");

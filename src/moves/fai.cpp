@@ -3,6 +3,7 @@
 // code with the piece kinds fixed at compile time.
 #include "moves/fai.h"
 
+#include "board/arrocco.h"
 #include "board/attacchi.h"
 #include "board/geometria.h"
 #include "board/liste.h"
@@ -88,14 +89,6 @@ SEMPRE_IN_LINEA uint64_t DirittiDellaCasa(uint64_t s) {
          (s == Lato<S>::AngoloLungo ? Lato<S>::DirittoLungo : 0);
 }
 
-// Key of the en passant permission that the last move gave, which every move
-// takes away.
-SEMPRE_IN_LINEA uint64_t PermessoScaduto(uint64_t info) {
-  return (info & PERMESSO_ENPASSANT)
-             ? HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])]
-             : 0;
-}
-
 SEMPRE_IN_LINEA int Registra(uint64_t mossa, uint64_t info, uint64_t chiave) {
   InfoPosizione = info;
   ChiaveHash ^= chiave;
@@ -170,7 +163,8 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
   }
 
   uint64_t info = InfoPosizione;
-  chiave ^= PermessoScaduto(info);
+  // The permission the last move gave expires with any move.
+  chiave ^= ChiavePermessoEnpassant(info);
   if constexpr (Cattura || M == PEDONE)
     info &= ~AZZERA_CON_SEMIMOSSE;
   else
@@ -182,7 +176,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     if constexpr (M == TORRE) persi |= DirittiDellaCasa<C>(o);
     if constexpr (X == TORRE) persi |= DirittiDellaCasa<N>(d);
     persi &= info;
-    chiave ^= HashDiritti[persi >> SHIFT_DIRITTI];
+    chiave ^= ChiaveDiritti(persi);
     info ^= persi;
   }
   if constexpr (Tipo.doppio) {
@@ -221,8 +215,7 @@ SEMPRE_IN_LINEA int FaiEnpassant(uint64_t mossa) {
   const uint64_t chiave_pedoni = HashCatturaEnpassantIn[p] ^ hash_in[C][PEDONE][o];
   HashPedoni ^= chiave_pedoni;
   uint64_t info = InfoPosizione;
-  const uint64_t chiave =
-      chiave_pedoni ^ HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+  const uint64_t chiave = chiave_pedoni ^ ChiaveUltimoDoppioPasso();
   info &= ~AZZERA_CON_SEMIMOSSE;
 
   // The capturing pawn checks directly; otherwise the captured pawn may have
@@ -249,23 +242,20 @@ template <Colore C, bool Lungo>
 SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   using L = Lato<C>;
   constexpr Colore N = ~C;
-  constexpr uint64_t B = L::Base;
-  constexpr uint64_t Re = B + 4, ReArrivo = Lungo ? B + 2 : B + 6;
-  constexpr uint64_t Torre = Lungo ? B : B + 7, TorreArrivo = Lungo ? B + 3 : B + 5;
-  constexpr uint64_t Via = Lungo ? 0x0Eull << B : 0x60ull << B;
-  constexpr uint64_t MascheraTorre = (1ull << Torre) | (1ull << TorreArrivo);
-  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << Re) | (1ull << ReArrivo);
+  constexpr Arrocco A = Arrocchi[C][Lungo];
+  constexpr uint64_t MascheraTorre = (1ull << A.torre) | (1ull << A.torre_arrivo);
+  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << A.re) | (1ull << A.re_arrivo);
 
-  if (btm_occupazione & Via) return 0;
-  if (attaccano_pezzi<N>(TorreArrivo)) return 0;
-  if (attaccano_pezzi<N>(ReArrivo)) return 0;
-  if (PezzoIn[Re] != L::CodiceRe || CodiceSenzaSlot(PezzoIn[Torre]) != L::CodiceTorre) return 0;
+  if (btm_occupazione & ViaArrocco(A)) return 0;
+  if (attaccano_pezzi<N>(A.torre_arrivo)) return 0;
+  if (attaccano_pezzi<N>(A.re_arrivo)) return 0;
+  if (PezzoIn[A.re] != L::CodiceRe || CodiceSenzaSlot(PezzoIn[A.torre]) != L::CodiceTorre) return 0;
 
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  SpostaPezzo<C, RE>(Re, ReArrivo);
-  SpostaPezzo<C, TORRE>(Torre, TorreArrivo);
+  SpostaPezzo<C, RE>(A.re, A.re_arrivo);
+  SpostaPezzo<C, TORRE>(A.torre, A.torre_arrivo);
 
   uint64_t info = InfoPosizione;
   uint64_t chiave;
@@ -276,14 +266,14 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
     chiave = (info & L::DirittoLungo)
                  ? L::HashPezziCorto ^ L::HashDirittoCorto ^ L::HashDirittoLungo
                  : L::HashPezziCorto ^ L::HashDirittoCorto;
-  chiave ^= PermessoScaduto(info);
+  chiave ^= ChiavePermessoEnpassant(info);
   info = (info & ~(AZZERA_PER_MOSSA | L::Diritti)) + Semimossa(info);
 
   // Only the rook can give check; it goes into the second field.
   const uint64_t E = casa_re[N];
-  const bool scacco = (BitmapTraiettorieDritteDa[E] & (1ull << TorreArrivo)) &&
-                      !(btm_InMezzo[TorreArrivo][E] & btm_occupazione);
-  info |= PRIMO_SENZA_SCACCO | ((scacco ? TorreArrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
+  const bool scacco = (BitmapTraiettorieDritteDa[E] & (1ull << A.torre_arrivo)) &&
+                      !(btm_InMezzo[A.torre_arrivo][E] & btm_occupazione);
+  info |= PRIMO_SENZA_SCACCO | ((scacco ? A.torre_arrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
   return Registra(mossa, info, chiave);
 }
 

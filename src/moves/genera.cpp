@@ -15,9 +15,6 @@ constexpr bool ConCatture = G != NONCATTURE;  // captures, en passant, promotion
 template <Genere G>
 constexpr bool ConQuiete = G != TATTICHE;
 
-constexpr uint64_t PRIMO_VUOTO = 0x40000ull;      // first checker field holds 64
-constexpr uint64_t SECONDO_VUOTO = 0x2000000ull;  // second checker field holds 64
-
 constexpr uint64_t Tipo(uint64_t t) { return t << 12; }
 // Type of a capture: the mover's base plus the captured kind.
 SEMPRE_IN_LINEA uint64_t TipoCattura(uint64_t base, uint64_t d) {

@@ -3,6 +3,7 @@
 // written once as a template and instantiated into the named functions.
 #include "moves/ritira.h"
 
+#include "board/arrocco.h"
 #include "board/liste.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
@@ -72,18 +73,16 @@ SEMPRE_IN_LINEA void RitiraEnpassant(uint64_t mossa) {
 
 template <Colore C, bool Lungo>
 SEMPRE_IN_LINEA void RitiraArrocco(uint64_t) {
-  constexpr uint64_t B = Lato<C>::Base;
-  constexpr uint64_t Re = B + 4, ReArrivo = Lungo ? B + 2 : B + 6;
-  constexpr uint64_t Torre = Lungo ? B : B + 7, TorreArrivo = Lungo ? B + 3 : B + 5;
-  constexpr uint64_t MascheraTorre = (1ull << Torre) | (1ull << TorreArrivo);
-  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << Re) | (1ull << ReArrivo);
+  constexpr Arrocco A = Arrocchi[C][Lungo];
+  constexpr uint64_t MascheraTorre = (1ull << A.torre) | (1ull << A.torre_arrivo);
+  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << A.re) | (1ull << A.re_arrivo);
 
   RipristinaParole<false>();
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  SpostaPezzo<C, RE>(ReArrivo, Re);
-  SpostaPezzo<C, TORRE>(TorreArrivo, Torre);
+  SpostaPezzo<C, RE>(A.re_arrivo, A.re);
+  SpostaPezzo<C, TORRE>(A.torre_arrivo, A.torre);
 }
 
 template <Colore C, uint64_t T>

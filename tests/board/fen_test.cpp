@@ -34,31 +34,6 @@ int Carica(const std::string& testo, uint64_t re_bianco = 60, uint64_t re_nero =
   return CaricaPosizioneDaStringaFen(copia.get());
 }
 
-// The key recomputed from the piece table and the information word.
-uint64_t ChiaveAttesa() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s) {
-    const uint64_t codice = PezzoIn[s];
-    if (codice == CASA_VUOTA) continue;
-    chiave ^= hash_in[ColoreDelCodice(codice)][TipoDelCodice(codice)][s];
-  }
-  const uint64_t arrocchi[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                                HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-  for (int i = 0; i < 4; ++i)
-    if (InfoPosizione & (ARROCCO_CORTO_BIANCO << i)) chiave ^= arrocchi[i];
-  if (InfoPosizione & PERMESSO_ENPASSANT)
-    chiave ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
-  return chiave;
-}
-
-uint64_t ChiavePedoniAttesa() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && TipoDelCodice(PezzoIn[s]) == PEDONE)
-      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][PEDONE][s];
-  return chiave;
-}
-
 // ---------------------------------------------------------------------------
 
 TEST(Fen, PosizioneIniziale) {
@@ -72,8 +47,8 @@ TEST(Fen, PosizioneIniziale) {
   EXPECT_EQ(TurnoIniziale, 0u);
   EXPECT_EQ(ContatoreMosse, 0u);
   EXPECT_EQ(ElencoMosse[0], 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
-  EXPECT_EQ(HashPedoni, ChiavePedoniAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
+  EXPECT_EQ(HashPedoni, CalcolaHashPedoni());
   EXPECT_STREQ(FenIniziale, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1");
 }
 
@@ -100,7 +75,7 @@ TEST(Fen, DueCampiDeduconoIDirittiDalleCase) {
   // No black king: its stale square is set first, far from e1.
   ASSERT_EQ(Carica("8/8/8/8/8/8/8/R3K2R w", 60, Casa("e8")), 1);
   EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
 }
 
@@ -112,7 +87,7 @@ TEST(Fen, DueCampiDeduconoSoloCioCheLeCaseDanno) {
   // A black rook in the corner is not a white rook.
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/r3K3 w"), 1);
   EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, LaCasaStantiaDelReMancanteDecide) {
@@ -125,17 +100,17 @@ TEST(Fen, LaCasaStantiaDelReMancanteDecide) {
 TEST(Fen, ILettereDegliArrocchiSonoCreduteSullaParola) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KQkq -"), 1);
   EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, MASCHERA_DIRITTI);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, UnaLetteraRipetutaTogliDiNuovoLaChiave) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KK - 0 1"), 1);
   EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO);
   // Both XORs of the key cancel: the key is that of the pieces alone.
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCO_CORTO_BIANCO);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KqK - 0 1"), 1);
   EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_NERO);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCO_CORTO_BIANCO);
 }
 
 TEST(Fen, EnpassantConCatturaPossibile) {
@@ -143,15 +118,15 @@ TEST(Fen, EnpassantConCatturaPossibile) {
   EXPECT_NE(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[0], Mossa(Casa("d7"), Casa("d5"), PEDONE_AVANZA2));
   EXPECT_EQ(ContatoreMosse, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
-  EXPECT_NE(ChiaveHash, ChiaveAttesa() ^ HashPermessoEnpassantIn[Casa("d5")]);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
+  EXPECT_NE(ChiaveHash, CalcolaChiaveHash() ^ HashPermessoEnpassantIn[Casa("d5")]);
 }
 
 TEST(Fen, EnpassantSenzaCatturaPossibileVieneIgnorato) {
   ASSERT_EQ(Carica("rnbqkbnr/ppp1pppp/8/3p4/4P3/8/PPPP1PPP/RNBQKBNR w KQkq d6 0 2"), 1);
   EXPECT_EQ(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[0], 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, EnpassantColNeroAlTratto) {
@@ -161,7 +136,7 @@ TEST(Fen, EnpassantColNeroAlTratto) {
   EXPECT_EQ(TurnoIniziale, 1u);
   EXPECT_NE(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[1], Mossa(Casa("d2"), Casa("d4"), PEDONE_AVANZA2));
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   // Without a capturer the last move reads as none.
   ElencoMosse[1] = 0x1234;
   ASSERT_EQ(Carica("rnbqkbnr/pppp1ppp/8/8/3P4/4p3/PPP1PPPP/RNBQKBNR b KQkq d3 0 2"), 1);
@@ -458,10 +433,10 @@ TEST(Fen, PosizioniDiRiferimento) {
     EXPECT_EQ(PrimoScacco(InfoPosizione), primo) << nome;
     EXPECT_EQ(SecondoScacco(InfoPosizione), secondo) << nome;
 
-    EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, uint64_t(std::stoi(semimosse))) << nome;
+    EXPECT_EQ(Semimosse(InfoPosizione), uint64_t(std::stoi(semimosse))) << nome;
     EXPECT_EQ(InfoPosizione >> BIT_INFO, 0u) << nome;
-    EXPECT_EQ(ChiaveHash, ChiaveAttesa()) << nome;
-    EXPECT_EQ(HashPedoni, ChiavePedoniAttesa()) << nome;
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash()) << nome;
+    EXPECT_EQ(HashPedoni, CalcolaHashPedoni()) << nome;
   }
   EXPECT_GE(viste.size(), 7u);
 }

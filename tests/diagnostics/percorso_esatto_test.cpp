@@ -33,13 +33,8 @@ bool Tattica(uint64_t tipo) { return tipo >= PEDONE_CATTURA; }
 // rights.
 uint64_t ChiaviLasciate(uint64_t mossa, uint64_t info_prima, Colore mosso) {
   if (TipoMossa(mossa) != ARROCCO_LUNGO) return 0;
-  const uint64_t corto = mosso == BIANCO ? ARROCCO_CORTO_BIANCO : ARROCCO_CORTO_NERO;
-  const uint64_t lungo = mosso == BIANCO ? ARROCCO_LUNGO_BIANCO : ARROCCO_LUNGO_NERO;
-  if (!(info_prima & lungo)) return 0;
-  uint64_t chiavi = mosso == BIANCO ? HASH_ARROCCO_LUNGO_BIANCO : HASH_ARROCCO_LUNGO_NERO;
-  if (info_prima & corto)
-    chiavi ^= mosso == BIANCO ? HASH_ARROCCO_CORTO_BIANCO : HASH_ARROCCO_CORTO_NERO;
-  return chiavi;
+  if (!(info_prima & DirittoArrocco(mosso, true))) return 0;
+  return ChiaveDiritti(info_prima & DirittiDel(mosso));
 }
 
 struct Esito {

@@ -75,28 +75,6 @@ std::vector<uint64_t> Legali() {
   return legali;
 }
 
-uint64_t ChiaveDaZero() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA)
-      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][TipoDelCodice(PezzoIn[s])][s];
-  if (InfoPosizione & ARROCCO_CORTO_BIANCO) chiave ^= HASH_ARROCCO_CORTO_BIANCO;
-  if (InfoPosizione & ARROCCO_LUNGO_BIANCO) chiave ^= HASH_ARROCCO_LUNGO_BIANCO;
-  if (InfoPosizione & ARROCCO_CORTO_NERO) chiave ^= HASH_ARROCCO_CORTO_NERO;
-  if (InfoPosizione & ARROCCO_LUNGO_NERO) chiave ^= HASH_ARROCCO_LUNGO_NERO;
-  if (InfoPosizione & PERMESSO_ENPASSANT)
-    chiave ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
-  return chiave;
-}
-
-uint64_t HashPedoniDaZero() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && TipoDelCodice(PezzoIn[s]) == PEDONE)
-      chiave ^= hash_in[ColoreDelCodice(PezzoIn[s])][PEDONE][s];
-  return chiave;
-}
-
 uint64_t ScacchiDaZero() {
   const Colore c = AlTratto(), n = ~c;
   const uint64_t re = casa_re[c];

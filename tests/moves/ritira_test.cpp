@@ -56,10 +56,10 @@ void Cammina(int profondita, bool arrocco_lungo) {
     const bool lungo = arrocco_lungo || TipoMossa(m) == ARROCCO_LUNGO;
     ASSERT_EQ(ControllaCoerenza(), "") << Coordinate(m);
     ASSERT_EQ(ControllaScacchi(), "") << Coordinate(m);
-    ASSERT_EQ(HashPedoni, HashPedoniDaZero()) << Coordinate(m);
+    ASSERT_EQ(HashPedoni, CalcolaHashPedoni()) << Coordinate(m);
     // Queen-side castling keeps the keys of the rights it clears.
     if (!lungo) {
-      ASSERT_EQ(ChiaveHash, ChiaveDaZero()) << Coordinate(m);
+      ASSERT_EQ(ChiaveHash, CalcolaChiaveHash()) << Coordinate(m);
     }
     if (profondita > 1) Cammina(profondita - 1, lungo);
     Ritira();
