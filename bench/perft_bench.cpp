@@ -144,8 +144,7 @@ int main(int argc, char** argv) {
   signal(SIGPIPE, SIG_IGN);  // a Stockfish that dies must not take us with it
 #endif
   const char* stockfish = argc > 1 && argv[1][0] ? argv[1] : nullptr;
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
 
   printf("%-10s %5s %12s %9s %14s %9s %14s %7s\n", "position", "depth", "leaves", "ours s",
          "ours leaves/s", "sf s", "sf leaves/s", "sf/ours");

@@ -11,8 +11,7 @@
 #include "board/verifica_posizione.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
   return 0;
 }
 

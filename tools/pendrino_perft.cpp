@@ -16,14 +16,16 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
+#include "board/arrocco.h"
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
 #include "diagnostics/perft.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
 
 namespace {
 
@@ -48,23 +50,19 @@ const char* MotivoPosizioneNonSicura() {
   if (re[NERO] != 1) return "Black must have exactly one king";
 
   // A right is only playable with king and rook on their home squares.
-  struct Diritto {
-    uint64_t bit, casa_re, codice_re, casa_torre, codice_torre;
-    const char* motivo;
-  };
-  static constexpr Diritto diritti[4] = {
-      {ARROCCO_CORTO_BIANCO, 60, CODICE_RE_BIANCO, 63, 0x60,
-       "castling right K without the white king on e1 and a white rook on h1"},
-      {ARROCCO_LUNGO_BIANCO, 60, CODICE_RE_BIANCO, 56, 0x60,
+  static const char* const motivi[2][2] = {
+      {"castling right K without the white king on e1 and a white rook on h1",
        "castling right Q without the white king on e1 and a white rook on a1"},
-      {ARROCCO_CORTO_NERO, 4, CODICE_RE_NERO, 7, 0x70,
-       "castling right k without the black king on e8 and a black rook on h8"},
-      {ARROCCO_LUNGO_NERO, 4, CODICE_RE_NERO, 0, 0x70,
+      {"castling right k without the black king on e8 and a black rook on h8",
        "castling right q without the black king on e8 and a black rook on a8"}};
-  for (const Diritto& d : diritti)
-    if ((InfoPosizione & d.bit) &&
-        (PezzoIn[d.casa_re] != d.codice_re || (PezzoIn[d.casa_torre] & 0xF0) != d.codice_torre))
-      return d.motivo;
+  for (const Colore c : {BIANCO, NERO})
+    for (const bool lungo : {false, true}) {
+      const Arrocco& a = Arrocchi[c][lungo];
+      if ((InfoPosizione & DirittoArrocco(c, lungo)) &&
+          (PezzoIn[a.re] != CodicePezzo(RE, c, 0) ||
+           CodiceSenzaSlot(PezzoIn[a.torre]) != CodicePezzo(TORRE, c, 0)))
+        return motivi[c][lungo];
+    }
 
   // Pawn steps from the edge ranks have no keys and lead off the board.
   constexpr uint64_t TRAVERSE_ESTERNE = 0xFF000000000000FFull;
@@ -225,8 +223,7 @@ int main(int argc, char** argv) {
     }
   }
 
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
 
   if (suite) {
     if (dividi || !posizionali.empty()) return Uso();

@@ -12,6 +12,8 @@ if(CMAKE_SCRIPT_MODE_FILE)
 endif()
 
 add_executable(genera_zobrist ${CMAKE_CURRENT_LIST_DIR}/genera_zobrist.cpp)
+# Only for the castlings' header, which includes nothing else of the board.
+target_link_libraries(genera_zobrist PRIVATE pendrino_intestazioni)
 add_custom_target(genera_zobrist_aggiorna
   COMMAND genera_zobrist ${PROJECT_SOURCE_DIR}/src/board/chiavi_zobrist.inc
   VERBATIM)

@@ -3,10 +3,12 @@
 
 #include <cstddef>
 
+#include "board/arrocco.h"
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/liste.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
 
 const char* const FenIniziale = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1";
 
@@ -23,12 +25,11 @@ struct Campo {
 };
 
 using Inserisci = void (*)(uint64_t);
-constexpr Inserisci InserisciBianco[6] = {inserisci_pedone_bianco,  inserisci_cavallo_bianco,
-                                          inserisci_alfiere_bianco, inserisci_torre_bianco,
-                                          inserisci_donna_bianco,   inserisci_re_bianco};
-constexpr Inserisci InserisciNero[6] = {inserisci_pedone_nero,  inserisci_cavallo_nero,
-                                        inserisci_alfiere_nero, inserisci_torre_nero,
-                                        inserisci_donna_nero,   inserisci_re_nero};
+constexpr Inserisci InserisciPezzo[2][6] = {
+    {inserisci_pedone_bianco, inserisci_cavallo_bianco, inserisci_alfiere_bianco,
+     inserisci_torre_bianco, inserisci_donna_bianco, inserisci_re_bianco},
+    {inserisci_pedone_nero, inserisci_cavallo_nero, inserisci_alfiere_nero, inserisci_torre_nero,
+     inserisci_donna_nero, inserisci_re_nero}};
 
 // Kind of a piece letter in either case, -1 for anything else.
 int TipoDaLettera(char c) {
@@ -56,7 +57,7 @@ int CaricaScacchiera(const Campo& campo) {
       // The square lists have room for every legal game, not for any text.
       if (tipo != RE && NumeroPezzi(materiale[colore], tipo) >= uint64_t(CapienzaLista[tipo]))
         return 0;
-      (colore == BIANCO ? InserisciBianco : InserisciNero)[tipo](casa);
+      InserisciPezzo[colore][tipo](casa);
       ++casa;
     }
   }
@@ -99,24 +100,21 @@ int CaricaTurno() {
   return 1;
 }
 
-constexpr uint64_t BitArrocco[4] = {ARROCCO_CORTO_BIANCO, ARROCCO_LUNGO_BIANCO, ARROCCO_CORTO_NERO,
-                                    ARROCCO_LUNGO_NERO};
-constexpr uint64_t ChiaveArrocco[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                                       HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-
+// i: 0 White king side, 1 White queen side, 2 and 3 Black's.
 void ConcediArrocco(int i) {
-  InfoPosizione |= BitArrocco[i];
-  ChiaveHash ^= ChiaveArrocco[i];
+  const uint64_t diritto = ARROCCO_CORTO_BIANCO << i;
+  InfoPosizione |= diritto;
+  ChiaveHash ^= ChiaveDiritti(diritto);
 }
-
-bool TorreIn(uint64_t casa, uint64_t codice) { return (PezzoIn[casa] & 0xF0) == codice; }
 
 // Without a castling field the rights follow from kings and rooks at home.
 void DeduciArrocchi() {
-  if (casa_re_bianco == 60 && TorreIn(63, 0x60)) ConcediArrocco(0);
-  if (casa_re_bianco == 60 && TorreIn(56, 0x60)) ConcediArrocco(1);
-  if (casa_re_nero == 4 && TorreIn(7, 0x70)) ConcediArrocco(2);
-  if (casa_re_nero == 4 && TorreIn(0, 0x70)) ConcediArrocco(3);
+  for (int i = 0; i < 4; ++i) {
+    const Colore c = Colore(i >> 1);
+    const Arrocco& a = Arrocchi[c][i & 1];
+    if (casa_re[c] == a.re && CodiceSenzaSlot(PezzoIn[a.torre]) == CodicePezzo(TORRE, c, 0))
+      ConcediArrocco(i);
+  }
 }
 
 // The letters are trusted as given; a repeated letter toggles its key again.

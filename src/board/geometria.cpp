@@ -270,3 +270,8 @@ void InizializzaDbMobilita() {
                      FattoreMagicoMobilita_alfiere_in[s], ShiftIndiceMobilita_alfiere_in[s]);
   }
 }
+
+void InizializzaTabelle() {
+  InizializzaInfoTraiettorie();
+  InizializzaDbMobilita();
+}

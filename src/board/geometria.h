@@ -57,6 +57,10 @@ extern const uint32_t ShiftIndiceMobilita_torre_in[64];
 extern const uint32_t ShiftIndiceMobilita_alfiere_in[64];
 void InizializzaDbMobilita();
 
+// Builds every table above that is filled at start-up: the engine needs them
+// before its first move or position.
+void InizializzaTabelle();
+
 // Attack sets including the first blocker on each ray (either colour).
 inline uint64_t AttacchiTorre(uint64_t casa, uint64_t occupazione) {
   return mobilita_torre_da[casa][((occupazione & MascheraMobilita_torre_in[casa]) *

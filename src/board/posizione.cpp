@@ -31,10 +31,6 @@ uint64_t ElencoMosse[MAX_SEMIMOSSE];
 uint64_t ChiaveHash;
 uint64_t HashPedoni;
 
-constexpr uint64_t hash_in[2][6][64] = {
-#include "board/chiavi_zobrist.inc"
-};
-
 // ---------------------------------------------------------------------------
 // Derived key tables: the combined keys make-move XORs in one step.
 namespace {
@@ -77,54 +73,10 @@ constexpr uint64_t HashCatturaEnpassantIn[64] = {TABELLA64(CatturaEnpassant)};
 constexpr uint64_t HashPermessoEnpassantIn[64] = {TABELLA64(PermessoEnpassant)};
 
 // The piece keys of each castling, as make-move adds them in one constant.
-static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[62] ^ hash_torre_bianco_in[63] ^
-               hash_torre_bianco_in[61]) == 0x3aa3e0b15d7a91b6ull);
-static_assert((hash_re_bianco_in[60] ^ hash_re_bianco_in[58] ^ hash_torre_bianco_in[56] ^
-               hash_torre_bianco_in[59]) == 0x7d94c8673fc52b60ull);
-static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[6] ^ hash_torre_nero_in[7] ^
-               hash_torre_nero_in[5]) == 0xecfe612e1daf5aaeull);
-static_assert((hash_re_nero_in[4] ^ hash_re_nero_in[2] ^ hash_torre_nero_in[0] ^
-               hash_torre_nero_in[3]) == 0xd11f82d3411bd340ull);
-static_assert((HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO) == HASH_ARROCCHI_BIANCO);
-static_assert((HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO) == HASH_ARROCCHI_NERO);
-
-// ---------------------------------------------------------------------------
-// Placement. Every update is a toggle: the square must be empty.
-namespace {
-
-template <Colore C, TipoPezzo K>
-void inserisci(uint64_t casa) {
-  const uint64_t bit = 1ull << casa;
-  if constexpr (K == RE) {
-    PezzoIn[casa] = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
-    casa_re[C] = casa;
-  } else {
-    btm_pezzi[C][K] ^= bit;
-    const uint64_t slot = NumeroPezzi(materiale[C], K);
-    PezzoIn[casa] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
-    casa_di<K>(C)[slot] = casa;
-    materiale[C] += IncrementoMateriale[K];
-    if constexpr (K == PEDONE) HashPedoni ^= hash_in[C][K][casa];
-  }
-  btm_colore[C] ^= bit;
-  btm_occupazione ^= bit;
-  ChiaveHash ^= hash_in[C][K][casa];
-}
-
-}  // namespace
-
-void inserisci_pedone_bianco(uint64_t casa) { inserisci<BIANCO, PEDONE>(casa); }
-void inserisci_cavallo_bianco(uint64_t casa) { inserisci<BIANCO, CAVALLO>(casa); }
-void inserisci_alfiere_bianco(uint64_t casa) { inserisci<BIANCO, ALFIERE>(casa); }
-void inserisci_torre_bianco(uint64_t casa) { inserisci<BIANCO, TORRE>(casa); }
-void inserisci_donna_bianco(uint64_t casa) { inserisci<BIANCO, DONNA>(casa); }
-void inserisci_re_bianco(uint64_t casa) { inserisci<BIANCO, RE>(casa); }
-void inserisci_pedone_nero(uint64_t casa) { inserisci<NERO, PEDONE>(casa); }
-void inserisci_cavallo_nero(uint64_t casa) { inserisci<NERO, CAVALLO>(casa); }
-void inserisci_alfiere_nero(uint64_t casa) { inserisci<NERO, ALFIERE>(casa); }
-void inserisci_torre_nero(uint64_t casa) { inserisci<NERO, TORRE>(casa); }
-void inserisci_donna_nero(uint64_t casa) { inserisci<NERO, DONNA>(casa); }
-void inserisci_re_nero(uint64_t casa) { inserisci<NERO, RE>(casa); }
+static_assert(ChiavePezziArrocco(BIANCO, Arrocchi[BIANCO][0]) == Arrocchi[BIANCO][0].chiave_pezzi);
+static_assert(ChiavePezziArrocco(BIANCO, Arrocchi[BIANCO][1]) == Arrocchi[BIANCO][1].chiave_pezzi);
+static_assert(ChiavePezziArrocco(NERO, Arrocchi[NERO][0]) == Arrocchi[NERO][0].chiave_pezzi);
+static_assert(ChiavePezziArrocco(NERO, Arrocchi[NERO][1]) == Arrocchi[NERO][1].chiave_pezzi);
 
 // The square lists and king squares keep stale values: the counts say which
 // slots are meaningful, and placing a king rewrites its square.
@@ -142,4 +94,23 @@ void SvuotaScacchiera() {
   InfoPosizione = 0;
   ContatoreMosse = 0;
   ElencoMosse[0] = 0;
+}
+
+uint64_t CalcolaChiaveHash() {
+  uint64_t chiave = ChiaveDiritti(InfoPosizione) ^ ChiavePermessoEnpassant(InfoPosizione);
+  for (uint64_t s = 0; s < 64; ++s) {
+    const uint64_t codice = PezzoIn[s];
+    if (codice != CASA_VUOTA) chiave ^= hash_in[ColoreDelCodice(codice)][TipoDelCodice(codice)][s];
+  }
+  return chiave;
+}
+
+uint64_t CalcolaHashPedoni() {
+  uint64_t chiave = 0;
+  for (uint64_t s = 0; s < 64; ++s) {
+    const uint64_t codice = PezzoIn[s];
+    if (codice != CASA_VUOTA && TipoDelCodice(codice) == PEDONE)
+      chiave ^= hash_in[ColoreDelCodice(codice)][PEDONE][s];
+  }
+  return chiave;
 }

@@ -51,8 +51,7 @@ void inizializza() {
   piattaforma::ComponiComandoVisualizzatore(ComandoVisualizzaPartitaPgn,
                                             sizeof ComandoVisualizzaPartitaPgn, "partita.pgn");
   piattaforma::ImpostaTitolo("Pendrino1.0");
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
   piattaforma::ApriConsole();
   InstallaSchermi();
   LeggiIni();

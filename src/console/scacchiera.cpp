@@ -9,11 +9,11 @@ void StampaScacchiera() {
       const uint64_t codice = PezzoIn[r * 8 + c];
       char* casa = riga + 3 * c;
       casa[0] = casa[2] = ' ';
-      if (codice == CASA_VUOTA || (codice >> 5) > RE) {
+      if (!CodiceDiPezzo(codice)) {
         casa[1] = '-';
       } else {
-        const char lettera = CaratterePezzo[codice >> 5];
-        casa[1] = (codice & 0x10) ? lettera : char(lettera - 'a' + 'A');
+        const char lettera = CaratterePezzo[TipoDelCodice(codice)];
+        casa[1] = ColoreDelCodice(codice) == NERO ? lettera : char(lettera - 'a' + 'A');
       }
     }
     riga[8 * 3] = '\0';

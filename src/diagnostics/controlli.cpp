@@ -5,9 +5,11 @@
 #include <cstdio>
 #include <cstring>
 
+#include "board/arrocco.h"
+#include "board/mossa.h"
 #include "diagnostics/stampa.h"
 #include "diagnostics/uscita.h"
-#include "moves/mosse.h"
+#include "moves/tavole.h"
 
 RecordControlloPosizione ReportControlloPosizione;
 
@@ -42,26 +44,9 @@ const char* NomeTipo(uint64_t mossa) {
   if (scritti > 0) r.LunghezzaTesto += uint32_t(std::min(size_t(scritti), resto - 1));
 }
 
-// Castling rights of one colour: bit in InfoPosizione and its key.
-struct DirittoArrocco {
-  uint64_t bit, chiave;
-};
-constexpr DirittoArrocco DirittiArrocco[2][2] = {
-    {{ARROCCO_CORTO_BIANCO, HASH_ARROCCO_CORTO_BIANCO},
-     {ARROCCO_LUNGO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO}},
-    {{ARROCCO_CORTO_NERO, HASH_ARROCCO_CORTO_NERO}, {ARROCCO_LUNGO_NERO, HASH_ARROCCO_LUNGO_NERO}}};
-
-// The keys of the four piece moves of a castling, as make-move uses them.
-struct ChiaveArrocco {
-  Colore colore;
-  uint64_t re_da, re_a, torre_da, torre_a, attesa;
-  const char* etichetta;
-};
-constexpr ChiaveArrocco ChiaviArrocco[4] = {
-    {BIANCO, 60, 62, 63, 61, 0x3aa3e0b15d7a91b6ull, "errore11"},
-    {BIANCO, 60, 58, 56, 59, 0x7d94c8673fc52b60ull, "errore12"},
-    {NERO, 4, 6, 7, 5, 0xecfe612e1daf5aaeull, "errore13"},
-    {NERO, 4, 2, 0, 3, 0xd11f82d3411bd340ull, "errore14"}};
+// The label of each castling whose piece keys disagree with its constant,
+// [colour][0 king side, 1 queen side].
+const char* const EtichettaArrocco[2][2] = {{"errore11", "errore12"}, {"errore13", "errore14"}};
 
 }  // namespace
 
@@ -86,12 +71,14 @@ void ControllaChiaviHash(const TabelleChiavi& tabelle) {
       ScriviDiagnostica("errore5\n");
   for (int t = 16; t <= 55; ++t)
     if (tabelle.sposta_pedone[NERO][t] != (nero[t] ^ nero[t - 8])) ScriviDiagnostica("errore6\n");
-  for (const ChiaveArrocco& a : ChiaviArrocco) {
-    const uint64_t* re = tabelle.base[a.colore][RE];
-    const uint64_t* torre = tabelle.base[a.colore][TORRE];
-    if ((re[a.re_da] ^ re[a.re_a] ^ torre[a.torre_da] ^ torre[a.torre_a]) != a.attesa)
-      ScriviDiagnostica("%s\n", a.etichetta);
-  }
+  for (int c = 0; c < 2; ++c)
+    for (int lungo = 0; lungo < 2; ++lungo) {
+      const Arrocco& a = Arrocchi[c][lungo];
+      const uint64_t* re = tabelle.base[c][RE];
+      const uint64_t* torre = tabelle.base[c][TORRE];
+      if ((re[a.re] ^ re[a.re_arrivo] ^ torre[a.torre] ^ torre[a.torre_arrivo]) != a.chiave_pezzi)
+        ScriviDiagnostica("%s\n", EtichettaArrocco[c][lungo]);
+    }
 }
 
 template <Colore C, TipoPezzo K>
@@ -99,7 +86,7 @@ void ControllaPosizione_pezzo() {
   RecordControlloPosizione& r = ReportControlloPosizione;
   const char* nome = NomeControllo[C][K];
   if constexpr (K == RE) {
-    constexpr uint64_t codice = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
+    constexpr uint64_t codice = CodicePezzo(RE, C, 0);
     uint64_t casa = casa_re[C];
     if (PezzoIn[std::min<uint64_t>(casa, 64)] != codice)
       AggiungiAlReport("(PezzoIn[CasaMioRe] != MioRe) - %s in %s\n", nome, NomeCasa(casa));
@@ -109,8 +96,7 @@ void ControllaPosizione_pezzo() {
       r.ChiaveRicalcolata ^= hash_in[C][RE][casa];
       r.CaseViste ^= 1ull << casa;
     }
-    for (const DirittoArrocco& d : DirittiArrocco[C])
-      if (InfoPosizione & d.bit) r.ChiaveRicalcolata ^= d.chiave;
+    r.ChiaveRicalcolata ^= ChiaveDiritti(InfoPosizione & DirittiDel(C));
   } else {
     const uint64_t* lista = casa_di<K>(C);
     uint64_t n = NumeroPezzi(materiale[C], K);
@@ -127,7 +113,7 @@ void ControllaPosizione_pezzo() {
         continue;
       }
       insieme |= 1ull << casa;
-      if (PezzoIn[casa] != ((uint64_t(K) << 5) | (uint64_t(C) << 4) | i))
+      if (PezzoIn[casa] != CodicePezzo(K, C, i))
         AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
       uint64_t chiave = hash_in[C][K][casa];
       r.ChiaveRicalcolata ^= chiave;
@@ -170,17 +156,15 @@ void ControllaPosizione(int dopo_ritira) {
   ControllaPosizione_donna_nero();
   ControllaPosizione_re_nero();
 
-  // The permission's key belongs to the pawn that has just made its double
-  // step.
-  if ((InfoPosizione & PERMESSO_ENPASSANT) && ContatoreMosse < MAX_SEMIMOSSE)
-    r.ChiaveRicalcolata ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+  // A corrupted counter must not index past the record.
+  if (ContatoreMosse < MAX_SEMIMOSSE) r.ChiaveRicalcolata ^= ChiavePermessoEnpassant(InfoPosizione);
 
   if (r.ChiaveRicalcolata != ChiaveHash) AggiungiAlReport("chiave hash scorretta\n");
   if (r.HashPedoniRicalcolata != HashPedoni) AggiungiAlReport("hash pedoni scorretta\n");
   for (uint64_t casa = 0; casa < 64; ++casa)
     if (!(r.CaseViste & (1ull << casa)) && PezzoIn[casa] != CASA_VUOTA)
       AggiungiAlReport("nella casa %s non dovrebbe esserci %d\n", StringaCasa[casa],
-                       int(PezzoIn[casa] >> 5));
+                       int(TipoDelCodice(PezzoIn[casa])));
 
   if (r.LunghezzaTesto == 0) return;
   ScriviDiagnostica("Errore!\n %s\n", r.testo);

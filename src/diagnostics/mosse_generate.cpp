@@ -1,8 +1,10 @@
 #include "diagnostics/mosse_generate.h"
 
+#include "board/mossa.h"
 #include "diagnostics/stampa.h"
 #include "diagnostics/uscita.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
 
 void StampaMosseGenerate() {
   // The longest line is 46 bytes; a full buffer of moves fits.

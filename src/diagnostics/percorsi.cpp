@@ -1,7 +1,10 @@
 #include "diagnostics/percorsi.h"
 
+#include "board/mossa.h"
 #include "diagnostics/controlli.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 
 uint64_t PosizioniValutate;
 
@@ -34,8 +37,8 @@ void Percorri(uint32_t profondita, uint64_t* const inizio) {
   if (inizio != BufferMosseGenerate &&
       inizio + MassimoCandidati<C>() > BufferMosseGenerate + DIMENSIONE_BUFFER_MOSSE)
     return;
-  const FunzioneFai* fai = C == BIANCO ? fai_mossa_del_bianco : fai_mossa_del_nero;
-  const FunzioneRitira* ritira = C == BIANCO ? ritira_mossa_del_bianco : ritira_mossa_del_nero;
+  const FunzioneFai* fai = fai_mossa[C];
+  const FunzioneRitira* ritira = ritira_mossa[C];
 
   uint64_t* const fine = genera_mosse_del[C](inizio);
   FineMosseGenerate = fine;

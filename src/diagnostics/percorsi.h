@@ -19,8 +19,14 @@
 // caller zeroes it before a run.
 extern uint64_t PosizioniValutate;
 
-// The caller picks the function of the side to move (parity of ContatoreMosse).
+// The caller picks the function of the side to move (AlTratto), by name or
+// through the tables by colour.
 void test_del_bianco(uint32_t profondita);
 void test_del_nero(uint32_t profondita);
 void TestVelocita_del_bianco(uint32_t profondita);
 void TestVelocita_del_nero(uint32_t profondita);
+
+using FunzionePercorso = void (*)(uint32_t profondita);
+inline constexpr FunzionePercorso test_del[2] = {test_del_bianco, test_del_nero};
+inline constexpr FunzionePercorso TestVelocita_del[2] = {TestVelocita_del_bianco,
+                                                         TestVelocita_del_nero};

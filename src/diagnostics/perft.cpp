@@ -2,50 +2,39 @@
 // the template argument, the dispatch goes through the move-type tables.
 #include "diagnostics/perft.h"
 
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 
 namespace {
 
 uint64_t BufferPerft[PROFONDITA_MASSIMA_PERFT][DIMENSIONE_BUFFER_MOSSE];
 
-template <Colore C>
-struct Tavole;
-template <>
-struct Tavole<BIANCO> {
-  static constexpr const FunzioneFai* fai = fai_mossa_del_bianco;
-  static constexpr const FunzioneRitira* ritira = ritira_mossa_del_bianco;
-  static constexpr FunzioneGenera genera = genera_TutteLeMosse_del_bianco;
-};
-template <>
-struct Tavole<NERO> {
-  static constexpr const FunzioneFai* fai = fai_mossa_del_nero;
-  static constexpr const FunzioneRitira* ritira = ritira_mossa_del_nero;
-  static constexpr FunzioneGenera genera = genera_TutteLeMosse_del_nero;
-};
-
 // profondita >= 1; `buffer` is this ply's, the next ply uses the next one.
 template <Colore C>
 uint64_t PerftDa(int profondita, uint64_t (*buffer)[DIMENSIONE_BUFFER_MOSSE]) {
-  using T = Tavole<C>;
+  const FunzioneFai* const fai = fai_mossa[C];
+  const FunzioneRitira* const ritira = ritira_mossa[C];
   uint64_t* const inizio = *buffer;
-  uint64_t* const fine = T::genera(inizio);
+  uint64_t* const fine = genera_mosse_del[C](inizio);
   SalvaParolePosizione();
   uint64_t nodi = 0;
   if (profondita == 1) {
     for (const uint64_t* p = inizio; p < fine; ++p) {
       const uint64_t mossa = *p;
-      if (T::fai[TipoMossa(mossa)](mossa)) {
+      if (fai[TipoMossa(mossa)](mossa)) {
         ++nodi;
-        T::ritira[TipoMossa(mossa)](mossa);
+        ritira[TipoMossa(mossa)](mossa);
       }
     }
   } else {
     for (const uint64_t* p = inizio; p < fine; ++p) {
       const uint64_t mossa = *p;
-      if (T::fai[TipoMossa(mossa)](mossa)) {
+      if (fai[TipoMossa(mossa)](mossa)) {
         nodi += PerftDa<~C>(profondita - 1, buffer + 1);
-        T::ritira[TipoMossa(mossa)](mossa);
+        ritira[TipoMossa(mossa)](mossa);
       }
     }
   }
@@ -59,8 +48,8 @@ bool ProfonditaAmmessa(int profondita) {
 
 uint64_t PerftColore(int profondita, uint64_t (*buffer)[DIMENSIONE_BUFFER_MOSSE]) {
   if (profondita == 0) return 1;
-  return (ContatoreMosse & 1) ? PerftDa<NERO>(profondita, buffer)
-                              : PerftDa<BIANCO>(profondita, buffer);
+  return AlTratto() == NERO ? PerftDa<NERO>(profondita, buffer)
+                            : PerftDa<BIANCO>(profondita, buffer);
 }
 
 }  // namespace
@@ -72,11 +61,11 @@ uint64_t Perft(int profondita) {
 
 int PerftDivide(int profondita, VocePerft* voci) {
   if (profondita < 1 || !ProfonditaAmmessa(profondita)) return 0;
-  const bool nero = ContatoreMosse & 1;
+  const Colore c = AlTratto();
   uint64_t* const inizio = BufferPerft[0];
-  uint64_t* const fine = genera_mosse_del[nero](inizio);
-  const FunzioneFai* const fai = nero ? fai_mossa_del_nero : fai_mossa_del_bianco;
-  const FunzioneRitira* const ritira = nero ? ritira_mossa_del_nero : ritira_mossa_del_bianco;
+  uint64_t* const fine = genera_mosse_del[c](inizio);
+  const FunzioneFai* const fai = fai_mossa[c];
+  const FunzioneRitira* const ritira = ritira_mossa[c];
   SalvaParolePosizione();
   int n = 0;
   for (const uint64_t* p = inizio; p < fine; ++p) {

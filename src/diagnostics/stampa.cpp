@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "board/posizione.h"
 #include "board/tabella64.h"
 #include "diagnostics/uscita.h"
 
@@ -24,8 +25,9 @@ const char* const StringaCasa[64] = {TABELLA64(PENDRINO_NOME_CASA)};
 void StampaBitmapPezzo(uint8_t codice) {
   // Codes of no kind at all read like the empty square rather than index
   // past the names.
-  if ((codice >> 5) < 6)
-    ScriviDiagnostica("%s %s\t", StringaPezzo[codice >> 5], (codice & 0x10) ? "nero" : "bianco");
+  if (CodiceDiPezzo(codice))
+    ScriviDiagnostica("%s %s\t", StringaPezzo[TipoDelCodice(codice)],
+                      ColoreDelCodice(codice) == NERO ? "nero" : "bianco");
   else
     ScriviDiagnostica("nessun pezzo\t");
   char bit[12];

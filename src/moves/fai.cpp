@@ -3,21 +3,22 @@
 // code with the piece kinds fixed at compile time.
 #include "moves/fai.h"
 
+#include "board/arrocco.h"
 #include "board/attacchi.h"
 #include "board/geometria.h"
+#include "board/liste.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
 
 namespace {
 
-constexpr uint64_t CAMPI_SCACCO = 0x3fff000ull;  // both checker fields
 constexpr uint64_t AZZERA_PER_MOSSA = CAMPI_SCACCO | PERMESSO_ENPASSANT;
 constexpr uint64_t AZZERA_CON_SEMIMOSSE = AZZERA_PER_MOSSA | MASCHERA_SEMIMOSSE;
 
 // The half-move clock stops at 127 rather than carry into the castling bits.
 SEMPRE_IN_LINEA uint64_t Semimossa(uint64_t info) {
-  return (((info & MASCHERA_SEMIMOSSE) + 1) >> 7) ^ 1;
+  return ((Semimosse(info) + 1) >> BIT_SEMIMOSSE) ^ 1;
 }
 
 // Pin test: does an enemy slider reach the king of C along the line through
@@ -88,14 +89,6 @@ SEMPRE_IN_LINEA uint64_t DirittiDellaCasa(uint64_t s) {
          (s == Lato<S>::AngoloLungo ? Lato<S>::DirittoLungo : 0);
 }
 
-// Key of the en passant permission that the last move gave, which every move
-// takes away.
-SEMPRE_IN_LINEA uint64_t PermessoScaduto(uint64_t info) {
-  return (info & PERMESSO_ENPASSANT)
-             ? HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])]
-             : 0;
-}
-
 SEMPRE_IN_LINEA int Registra(uint64_t mossa, uint64_t info, uint64_t chiave) {
   InfoPosizione = info;
   ChiaveHash ^= chiave;
@@ -150,9 +143,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     if constexpr (X == PEDONE) chiave_pedoni = chiave;
   }
   if constexpr (M == RE) {
-    PezzoIn[o] = CASA_VUOTA;
-    PezzoIn[d] = L::CodiceRe;
-    casa_re[C] = d;
+    SpostaPezzo<C, RE>(o, d);
     chiave ^= hash_in[C][RE][o] ^ hash_in[C][RE][d];
   } else if constexpr (Promozione) {
     TogliDallaLista<C, PEDONE>(o);
@@ -161,10 +152,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     chiave ^= hash_in[C][PEDONE][o] ^ hash_in[C][P][d];
     chiave_pedoni ^= hash_in[C][PEDONE][o];
   } else {
-    const uint64_t codice = PezzoIn[o];
-    PezzoIn[o] = CASA_VUOTA;
-    PezzoIn[d] = codice;
-    casa_di<TipoPezzo(M)>(C)[codice & 15] = d;
+    SpostaPezzo<C, M>(o, d);
     uint64_t passo;
     if constexpr (M == PEDONE && !Cattura)
       passo = Tipo.doppio ? HashSpostaPedone2In[d] : HashSpostaPedone_in[C][d];
@@ -175,7 +163,8 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
   }
 
   uint64_t info = InfoPosizione;
-  chiave ^= PermessoScaduto(info);
+  // The permission the last move gave expires with any move.
+  chiave ^= ChiavePermessoEnpassant(info);
   if constexpr (Cattura || M == PEDONE)
     info &= ~AZZERA_CON_SEMIMOSSE;
   else
@@ -187,7 +176,7 @@ SEMPRE_IN_LINEA int FaiMossa(uint64_t mossa) {
     if constexpr (M == TORRE) persi |= DirittiDellaCasa<C>(o);
     if constexpr (X == TORRE) persi |= DirittiDellaCasa<N>(d);
     persi &= info;
-    chiave ^= HashDiritti[persi >> SHIFT_DIRITTI];
+    chiave ^= ChiaveDiritti(persi);
     info ^= persi;
   }
   if constexpr (Tipo.doppio) {
@@ -221,16 +210,12 @@ SEMPRE_IN_LINEA int FaiEnpassant(uint64_t mossa) {
   btm_pezzi[N][PEDONE] ^= Pp;
   TogliDallaLista<N, PEDONE>(p);
   PezzoIn[p] = CASA_VUOTA;
-  const uint64_t codice = PezzoIn[o];
-  PezzoIn[o] = CASA_VUOTA;
-  PezzoIn[d] = codice;
-  casa_pedone[C][codice & 15] = d;
+  SpostaPezzo<C, PEDONE>(o, d);
 
   const uint64_t chiave_pedoni = HashCatturaEnpassantIn[p] ^ hash_in[C][PEDONE][o];
   HashPedoni ^= chiave_pedoni;
   uint64_t info = InfoPosizione;
-  const uint64_t chiave =
-      chiave_pedoni ^ HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
+  const uint64_t chiave = chiave_pedoni ^ ChiaveUltimoDoppioPasso();
   info &= ~AZZERA_CON_SEMIMOSSE;
 
   // The capturing pawn checks directly; otherwise the captured pawn may have
@@ -257,28 +242,20 @@ template <Colore C, bool Lungo>
 SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
   using L = Lato<C>;
   constexpr Colore N = ~C;
-  constexpr uint64_t B = L::Base;
-  constexpr uint64_t Re = B + 4, ReArrivo = Lungo ? B + 2 : B + 6;
-  constexpr uint64_t Torre = Lungo ? B : B + 7, TorreArrivo = Lungo ? B + 3 : B + 5;
-  constexpr uint64_t Via = Lungo ? 0x0Eull << B : 0x60ull << B;
-  constexpr uint64_t MascheraTorre = (1ull << Torre) | (1ull << TorreArrivo);
-  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << Re) | (1ull << ReArrivo);
+  constexpr Arrocco A = Arrocchi[C][Lungo];
+  constexpr uint64_t MascheraTorre = (1ull << A.torre) | (1ull << A.torre_arrivo);
+  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << A.re) | (1ull << A.re_arrivo);
 
-  if (btm_occupazione & Via) return 0;
-  if (attaccano_pezzi<N>(TorreArrivo)) return 0;
-  if (attaccano_pezzi<N>(ReArrivo)) return 0;
-  if (PezzoIn[Re] != L::CodiceRe || (PezzoIn[Torre] & 0xF0) != L::CodiceTorre) return 0;
+  if (btm_occupazione & ViaArrocco(A)) return 0;
+  if (attaccano_pezzi<N>(A.torre_arrivo)) return 0;
+  if (attaccano_pezzi<N>(A.re_arrivo)) return 0;
+  if (PezzoIn[A.re] != L::CodiceRe || CodiceSenzaSlot(PezzoIn[A.torre]) != L::CodiceTorre) return 0;
 
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  PezzoIn[Re] = CASA_VUOTA;
-  PezzoIn[ReArrivo] = L::CodiceRe;
-  casa_re[C] = ReArrivo;
-  const uint64_t codice = PezzoIn[Torre];
-  PezzoIn[Torre] = CASA_VUOTA;
-  PezzoIn[TorreArrivo] = codice;
-  casa_torre[C][codice & 15] = TorreArrivo;
+  SpostaPezzo<C, RE>(A.re, A.re_arrivo);
+  SpostaPezzo<C, TORRE>(A.torre, A.torre_arrivo);
 
   uint64_t info = InfoPosizione;
   uint64_t chiave;
@@ -289,15 +266,14 @@ SEMPRE_IN_LINEA int FaiArrocco(uint64_t mossa) {
     chiave = (info & L::DirittoLungo)
                  ? L::HashPezziCorto ^ L::HashDirittoCorto ^ L::HashDirittoLungo
                  : L::HashPezziCorto ^ L::HashDirittoCorto;
-  chiave ^= PermessoScaduto(info);
+  chiave ^= ChiavePermessoEnpassant(info);
   info = (info & ~(AZZERA_PER_MOSSA | L::Diritti)) + Semimossa(info);
 
   // Only the rook can give check; it goes into the second field.
   const uint64_t E = casa_re[N];
-  const bool scacco = (BitmapTraiettorieDritteDa[E] & (1ull << TorreArrivo)) &&
-                      !(btm_InMezzo[TorreArrivo][E] & btm_occupazione);
-  info |= (uint64_t(NESSUNA_CASA) << SHIFT_PRIMO_SCACCO) |
-          ((scacco ? TorreArrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
+  const bool scacco = (BitmapTraiettorieDritteDa[E] & (1ull << A.torre_arrivo)) &&
+                      !(btm_InMezzo[A.torre_arrivo][E] & btm_occupazione);
+  info |= PRIMO_SENZA_SCACCO | ((scacco ? A.torre_arrivo : NESSUNA_CASA) << SHIFT_SECONDO_SCACCO);
   return Registra(mossa, info, chiave);
 }
 

@@ -2,7 +2,7 @@
 // fai_pedone_bianco_cattura_cavallo, fai_nero_promuove_donna_cattura_torre,
 // ...). Each returns 1 when the move was made and recorded, 0 when it would
 // leave the mover's own king attacked (every global is then as it was).
-// Normally reached through fai_mossa_del_bianco / fai_mossa_del_nero.
+// Normally reached through fai_mossa[colour][type] of tavole.h.
 #pragma once
 
 #include <cstdint>

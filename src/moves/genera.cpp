@@ -1,12 +1,11 @@
-// The move generators: all moves, tactical moves (captures, en passant,
-// promotions) and the rest, for either colour, in one body. They answer a
-// check from the checker fields of InfoPosizione but test neither pins nor
-// the king's destination: make-move refuses what exposes the own king.
-// Every target set is emitted in ascending square order.
+// The move generators of either colour and kind in one body. Every target
+// set is emitted in ascending square order.
+#include "moves/genera.h"
+
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
 
 namespace {
 
@@ -16,13 +15,10 @@ constexpr bool ConCatture = G != NONCATTURE;  // captures, en passant, promotion
 template <Genere G>
 constexpr bool ConQuiete = G != TATTICHE;
 
-constexpr uint64_t PRIMO_VUOTO = 0x40000ull;      // first checker field holds 64
-constexpr uint64_t SECONDO_VUOTO = 0x2000000ull;  // second checker field holds 64
-
 constexpr uint64_t Tipo(uint64_t t) { return t << 12; }
-// Type of a capture: the mover's base plus the captured kind, PezzoIn >> 5.
+// Type of a capture: the mover's base plus the captured kind.
 SEMPRE_IN_LINEA uint64_t TipoCattura(uint64_t base, uint64_t d) {
-  return Tipo(base) + ((PezzoIn[d] & 0xE0) << 7);
+  return Tipo(base + TipoDelCodice(PezzoIn[d]));
 }
 
 // From one origin to every target.
@@ -75,7 +71,7 @@ template <int S>
 SEMPRE_IN_LINEA uint64_t* CatturePedone(uint64_t* l, uint64_t arrivi, uint64_t promozione) {
   for (uint64_t b = arrivi & promozione; b; b &= b - 1) {
     const uint64_t d = PrimaCasa(b);
-    l = Promozioni(l, d - S, d, PezzoIn[d] >> 5);
+    l = Promozioni(l, d - S, d, TipoDelCodice(PezzoIn[d]));
   }
   for (uint64_t b = arrivi & ~promozione; b; b &= b - 1) {
     const uint64_t d = PrimaCasa(b);
@@ -159,10 +155,10 @@ uint64_t* Genera(uint64_t* l) {
       if (info & L::DirittoCorto) *l++ = L::MossaCorto;
       if (info & L::DirittoLungo) *l++ = L::MossaLungo;
     }
-  } else if (info & (PRIMO_VUOTO | SECONDO_VUOTO)) {
+  } else if (info & (PRIMO_SENZA_SCACCO | SECONDO_SENZA_SCACCO)) {
     // Single check, in whichever field: capture the checker X or, against a
     // distant slider, step between it and the king.
-    const uint64_t X = (info & PRIMO_VUOTO) ? SecondoScacco(info) : PrimoScacco(info);
+    const uint64_t X = (info & PRIMO_SENZA_SCACCO) ? SecondoScacco(info) : PrimoScacco(info);
     const uint64_t in_mezzo = btm_InMezzo[K][X];
     if (in_mezzo) {
       if constexpr (ConQuiete<G>) l = PassiPedone<2 * L::Su>(l, doppi & in_mezzo, PEDONE_AVANZA2);
@@ -180,7 +176,7 @@ uint64_t* Genera(uint64_t* l) {
       const uint64_t pedoni = MscBersagliPedone_da[N][X] & P;
       if ((1ull << X) & L::TraversaPromozione) {
         for (uint64_t b = pedoni; b; b &= b - 1)
-          l = Promozioni(l, PrimaCasa(b), X, PezzoIn[X] >> 5);
+          l = Promozioni(l, PrimaCasa(b), X, TipoDelCodice(PezzoIn[X]));
       } else {
         l = Verso(l, pedoni, X, TipoCattura(PEDONE_CATTURA, X));
       }
@@ -215,3 +211,6 @@ uint64_t* genera_noncatture_del_bianco(uint64_t* inizio) {
   return Genera<BIANCO, NONCATTURE>(inizio);
 }
 uint64_t* genera_noncatture_del_nero(uint64_t* inizio) { return Genera<NERO, NONCATTURE>(inizio); }
+
+uint64_t BufferMosseGenerate[DIMENSIONE_BUFFER_MOSSE];
+uint64_t* FineMosseGenerate = BufferMosseGenerate;

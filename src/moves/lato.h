@@ -5,13 +5,10 @@
 
 #include <cstdint>
 
-#include "board/geometria.h"
+#include "board/arrocco.h"
+#include "board/liste.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
-
-// The helpers of the move families are always inlined, so that each named
-// function is one straight piece of code.
-#define SEMPRE_IN_LINEA [[gnu::always_inline]] inline
 
 // A shift towards higher squares for positive S, lower for negative.
 template <int S>
@@ -25,21 +22,6 @@ constexpr uint64_t Sposta(uint64_t b) {
 constexpr uint64_t NON_COLONNA_A = 0xfefefefefefefefeull;
 constexpr uint64_t NON_COLONNA_H = 0x7f7f7f7f7f7f7f7full;
 
-// Keys of the castling rights, by the four right bits (InfoPosizione bits
-// 7-10 shifted down): one XOR takes out whatever subset is being cleared.
-constexpr uint64_t HashDirittiPer(int diritti) {
-  return ((diritti & 1) ? HASH_ARROCCO_CORTO_BIANCO : 0) ^
-         ((diritti & 2) ? HASH_ARROCCO_LUNGO_BIANCO : 0) ^
-         ((diritti & 4) ? HASH_ARROCCO_CORTO_NERO : 0) ^
-         ((diritti & 8) ? HASH_ARROCCO_LUNGO_NERO : 0);
-}
-inline constexpr uint64_t HashDiritti[16] = {
-    HashDirittiPer(0),  HashDirittiPer(1),  HashDirittiPer(2),  HashDirittiPer(3),
-    HashDirittiPer(4),  HashDirittiPer(5),  HashDirittiPer(6),  HashDirittiPer(7),
-    HashDirittiPer(8),  HashDirittiPer(9),  HashDirittiPer(10), HashDirittiPer(11),
-    HashDirittiPer(12), HashDirittiPer(13), HashDirittiPer(14), HashDirittiPer(15)};
-constexpr int SHIFT_DIRITTI = 7;
-
 template <Colore C>
 struct Lato {
   static constexpr Colore Loro = ~C;
@@ -51,27 +33,26 @@ struct Lato {
   static constexpr uint64_t TraversaPromozione = C == BIANCO ? 0xFFull : 0xFF00000000000000ull;
   static constexpr uint64_t TraversaDoppioPasso = C == BIANCO ? 0xFF00000000ull : 0xFF000000ull;
 
-  static constexpr uint64_t CodiceRe = C == BIANCO ? CODICE_RE_BIANCO : CODICE_RE_NERO;
-  static constexpr uint64_t CodiceTorre = (uint64_t(TORRE) << 5) | (uint64_t(C) << 4);
+  static constexpr uint64_t CodiceRe = CodicePezzo(RE, C, 0);
+  static constexpr uint64_t CodiceTorre = CodicePezzo(TORRE, C, 0);
 
-  // Castling: home rank, rights bits, the rooks' corners and the keys.
-  static constexpr uint64_t Base = C == BIANCO ? 56 : 0;
-  static constexpr uint64_t DirittoCorto = C == BIANCO ? ARROCCO_CORTO_BIANCO : ARROCCO_CORTO_NERO;
-  static constexpr uint64_t DirittoLungo = C == BIANCO ? ARROCCO_LUNGO_BIANCO : ARROCCO_LUNGO_NERO;
-  static constexpr uint64_t Diritti = DirittoCorto | DirittoLungo;
-  static constexpr uint64_t AngoloCorto = Base + 7;
-  static constexpr uint64_t AngoloLungo = Base;
-  static constexpr uint64_t HashDirittoCorto =
-      C == BIANCO ? HASH_ARROCCO_CORTO_BIANCO : HASH_ARROCCO_CORTO_NERO;
-  static constexpr uint64_t HashDirittoLungo =
-      C == BIANCO ? HASH_ARROCCO_LUNGO_BIANCO : HASH_ARROCCO_LUNGO_NERO;
+  // Castling: the squares, the rights bits, the rooks' corners and the keys.
+  static constexpr Arrocco Corto = Arrocchi[C][0];
+  static constexpr Arrocco Lungo = Arrocchi[C][1];
+  static constexpr uint64_t DirittoCorto = DirittoArrocco(C, false);
+  static constexpr uint64_t DirittoLungo = DirittoArrocco(C, true);
+  static constexpr uint64_t Diritti = DirittiDel(C);
+  static constexpr uint64_t AngoloCorto = Corto.torre;
+  static constexpr uint64_t AngoloLungo = Lungo.torre;
+  static constexpr uint64_t HashDirittoCorto = ChiaveDiritti(DirittoCorto);
+  static constexpr uint64_t HashDirittoLungo = ChiaveDiritti(DirittoLungo);
   // The four piece keys of each castling (king and rook out and in).
-  static constexpr uint64_t HashPezziCorto =
-      C == BIANCO ? 0x3aa3e0b15d7a91b6ull : 0xecfe612e1daf5aaeull;
-  static constexpr uint64_t HashPezziLungo =
-      C == BIANCO ? 0x7d94c8673fc52b60ull : 0xd11f82d3411bd340ull;
+  static constexpr uint64_t HashPezziCorto = Corto.chiave_pezzi;
+  static constexpr uint64_t HashPezziLungo = Lungo.chiave_pezzi;
   static constexpr uint64_t MossaCorto = C == BIANCO ? MOSSA_O_O_BIANCO : MOSSA_O_O_NERO;
   static constexpr uint64_t MossaLungo = C == BIANCO ? MOSSA_O_O_O_BIANCO : MOSSA_O_O_O_NERO;
+  static_assert(MossaCorto == Mossa(Corto.re, Corto.re_arrivo, ARROCCO_CORTO));
+  static_assert(MossaLungo == Mossa(Lungo.re, Lungo.re_arrivo, ARROCCO_LUNGO));
 };
 
 // What a move type does, by the rule that numbers the types.
@@ -93,26 +74,4 @@ constexpr DescrizioneTipo Descrivi(uint64_t t) {
     return {PEDONE, preso == 0 ? NESSUNO : preso, int(t - PROMOZIONE_CAVALLO) / 5 + 1, false};
   }
   return {NESSUNO, NESSUNO, NESSUNO, false};  // null move, castling, en passant
-}
-
-// Square lists are unordered sets: a piece leaving its list hands its slot to
-// the last piece of its kind, whose code takes the new slot. The caller then
-// rewrites PezzoIn[s] itself.
-template <Colore C, int K>
-SEMPRE_IN_LINEA void TogliDallaLista(uint64_t s) {
-  const uint64_t codice = PezzoIn[s];
-  materiale[C] -= IncrementoMateriale[K];
-  uint64_t* const lista = casa_di<TipoPezzo(K)>(C);
-  const uint64_t ultima = lista[NumeroPezzi(materiale[C], K)];
-  lista[codice & 15] = ultima;
-  PezzoIn[ultima] = codice;
-}
-
-// A piece entering its list takes the next free slot.
-template <Colore C, int K>
-SEMPRE_IN_LINEA void AggiungiAllaLista(uint64_t s) {
-  const uint64_t slot = NumeroPezzi(materiale[C], K);
-  PezzoIn[s] = (uint64_t(K) << 5) | (uint64_t(C) << 4) | slot;
-  casa_di<TipoPezzo(K)>(C)[slot] = s;
-  materiale[C] += IncrementoMateriale[K];
 }

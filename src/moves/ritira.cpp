@@ -3,9 +3,12 @@
 // written once as a template and instantiated into the named functions.
 #include "moves/ritira.h"
 
+#include "board/arrocco.h"
+#include "board/liste.h"
+#include "board/mossa.h"
 #include "board/posizione.h"
 #include "moves/lato.h"
-#include "moves/mosse.h"
+#include "moves/registro.h"
 
 namespace {
 
@@ -36,25 +39,20 @@ SEMPRE_IN_LINEA void RitiraMossa(uint64_t mossa) {
   }
 
   if constexpr (M == RE) {
-    PezzoIn[o] = Lato<C>::CodiceRe;
-    casa_re[C] = o;
+    SpostaPezzo<C, RE>(d, o);
   } else if constexpr (Promozione) {
     btm_pezzi[C][PEDONE] ^= O;
     btm_pezzi[C][P] ^= D;
     AggiungiAllaLista<C, PEDONE>(o);
     TogliDallaLista<C, P>(d);
+    if constexpr (!Cattura) PezzoIn[d] = CASA_VUOTA;
   } else {
     btm_pezzi[C][M] ^= O | D;
-    const uint64_t codice = PezzoIn[d];
-    PezzoIn[o] = codice;
-    casa_di<TipoPezzo(M)>(C)[codice & 15] = o;
+    SpostaPezzo<C, M>(d, o);
   }
 
   // The captured piece comes back at the end of its list.
-  if constexpr (Cattura)
-    AggiungiAllaLista<N, X>(d);
-  else
-    PezzoIn[d] = CASA_VUOTA;
+  if constexpr (Cattura) AggiungiAllaLista<N, X>(d);
 }
 
 template <Colore C>
@@ -69,32 +67,22 @@ SEMPRE_IN_LINEA void RitiraEnpassant(uint64_t mossa) {
   btm_pezzi[C][PEDONE] ^= O | D;
   btm_colore[N] ^= Pp;
   btm_pezzi[N][PEDONE] ^= Pp;
-  const uint64_t codice = PezzoIn[d];
-  PezzoIn[o] = codice;
-  casa_pedone[C][codice & 15] = o;
-  PezzoIn[d] = CASA_VUOTA;
+  SpostaPezzo<C, PEDONE>(d, o);
   AggiungiAllaLista<N, PEDONE>(p);
 }
 
 template <Colore C, bool Lungo>
 SEMPRE_IN_LINEA void RitiraArrocco(uint64_t) {
-  constexpr uint64_t B = Lato<C>::Base;
-  constexpr uint64_t Re = B + 4, ReArrivo = Lungo ? B + 2 : B + 6;
-  constexpr uint64_t Torre = Lungo ? B : B + 7, TorreArrivo = Lungo ? B + 3 : B + 5;
-  constexpr uint64_t MascheraTorre = (1ull << Torre) | (1ull << TorreArrivo);
-  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << Re) | (1ull << ReArrivo);
+  constexpr Arrocco A = Arrocchi[C][Lungo];
+  constexpr uint64_t MascheraTorre = (1ull << A.torre) | (1ull << A.torre_arrivo);
+  constexpr uint64_t MascheraTutti = MascheraTorre | (1ull << A.re) | (1ull << A.re_arrivo);
 
   RipristinaParole<false>();
   btm_occupazione ^= MascheraTutti;
   btm_colore[C] ^= MascheraTutti;
   btm_pezzi[C][TORRE] ^= MascheraTorre;
-  PezzoIn[ReArrivo] = CASA_VUOTA;
-  PezzoIn[Re] = Lato<C>::CodiceRe;
-  casa_re[C] = Re;
-  const uint64_t codice = PezzoIn[TorreArrivo];
-  PezzoIn[TorreArrivo] = CASA_VUOTA;
-  PezzoIn[Torre] = codice;
-  casa_torre[C][codice & 15] = Torre;
+  SpostaPezzo<C, RE>(A.re_arrivo, A.re);
+  SpostaPezzo<C, TORRE>(A.torre_arrivo, A.torre);
 }
 
 template <Colore C, uint64_t T>

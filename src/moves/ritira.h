@@ -3,7 +3,7 @@
 // argument must be the last move made, ElencoMosse[ContatoreMosse], of the
 // colour in the name; the caller saved the position's three words at the ply
 // before it (SalvaParolePosizione). Normally reached through
-// ritira_mossa_del_bianco / ritira_mossa_del_nero.
+// ritira_mossa[colour][type] of tavole.h.
 #pragma once
 
 #include <cstdint>

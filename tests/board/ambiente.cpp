@@ -7,10 +7,7 @@ namespace {
 
 class AmbienteScacchiera : public testing::Environment {
  public:
-  void SetUp() override {
-    InizializzaInfoTraiettorie();
-    InizializzaDbMobilita();
-  }
+  void SetUp() override { InizializzaTabelle(); }
 };
 
 const testing::Environment* const ambiente =

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "board/fen.h"
+#include "board/liste.h"
 #include "riferimento.h"
 
 namespace {

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "board/mossa.h"
 #include "board/posizione.h"
-#include "moves/mosse.h"
 #include "riferimento.h"
 #include "verifica_posizione.h"
 
@@ -21,10 +21,6 @@ namespace {
 constexpr uint64_t Casa(const char* nome) {
   return uint64_t((nome[0] - 'a') + 8 * ('8' - nome[1]));
 }
-
-constexpr uint64_t TUTTI_GLI_ARROCCHI =
-    ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO | ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO;
-constexpr uint64_t MASCHERA_ARROCCHI = TUTTI_GLI_ARROCCHI;
 
 // Loads from an exactly sized heap copy, so that reading one byte past the
 // terminator is an AddressSanitizer error. The king squares start from known
@@ -38,46 +34,21 @@ int Carica(const std::string& testo, uint64_t re_bianco = 60, uint64_t re_nero =
   return CaricaPosizioneDaStringaFen(copia.get());
 }
 
-// The key recomputed from the piece table and the information word.
-uint64_t ChiaveAttesa() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s) {
-    const uint64_t codice = PezzoIn[s];
-    if (codice == CASA_VUOTA) continue;
-    chiave ^= hash_in[(codice >> 4) & 1][codice >> 5][s];
-  }
-  const uint64_t arrocchi[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                                HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-  for (int i = 0; i < 4; ++i)
-    if (InfoPosizione & (ARROCCO_CORTO_BIANCO << i)) chiave ^= arrocchi[i];
-  if (InfoPosizione & PERMESSO_ENPASSANT)
-    chiave ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
-  return chiave;
-}
-
-uint64_t ChiavePedoniAttesa() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && (PezzoIn[s] >> 5) == PEDONE)
-      chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PEDONE][s];
-  return chiave;
-}
-
 // ---------------------------------------------------------------------------
 
 TEST(Fen, PosizioneIniziale) {
   ASSERT_EQ(Carica(FenIniziale), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, TUTTI_GLI_ARROCCHI);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, MASCHERA_DIRITTI);
   EXPECT_EQ(InfoPosizione & PERMESSO_ENPASSANT, 0u);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
   EXPECT_EQ(PrimoScacco(InfoPosizione), 64u);
   EXPECT_EQ(SecondoScacco(InfoPosizione), 64u);
-  EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | TUTTI_GLI_ARROCCHI);
+  EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | MASCHERA_DIRITTI);
   EXPECT_EQ(TurnoIniziale, 0u);
   EXPECT_EQ(ContatoreMosse, 0u);
   EXPECT_EQ(ElencoMosse[0], 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
-  EXPECT_EQ(HashPedoni, ChiavePedoniAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
+  EXPECT_EQ(HashPedoni, CalcolaHashPedoni());
   EXPECT_STREQ(FenIniziale, "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1");
 }
 
@@ -91,8 +62,8 @@ TEST(Fen, OgniLetteraDiventaIlSuoPezzo) {
     }
     const uint64_t codice = PezzoIn[s];
     ASSERT_NE(codice, CASA_VUOTA) << s;
-    EXPECT_EQ(CaratterePezzo[codice >> 5], riferimento::Minuscola(g.casa[s])) << s;
-    EXPECT_EQ((codice >> 4) & 1, riferimento::Bianco(g.casa[s]) ? 0u : 1u) << s;
+    EXPECT_EQ(CaratterePezzo[TipoDelCodice(codice)], riferimento::Minuscola(g.casa[s])) << s;
+    EXPECT_EQ(ColoreDelCodice(codice), riferimento::Bianco(g.casa[s]) ? BIANCO : NERO) << s;
   }
   EXPECT_EQ(casa_re_bianco, Casa("e1"));
   EXPECT_EQ(casa_re_nero, Casa("e8"));
@@ -103,20 +74,20 @@ TEST(Fen, OgniLetteraDiventaIlSuoPezzo) {
 TEST(Fen, DueCampiDeduconoIDirittiDalleCase) {
   // No black king: its stale square is set first, far from e1.
   ASSERT_EQ(Carica("8/8/8/8/8/8/8/R3K2R w", 60, Casa("e8")), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   EXPECT_EQ(InfoPosizione, NESSUNO_SCACCO | ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
 }
 
 TEST(Fen, DueCampiDeduconoSoloCioCheLeCaseDanno) {
   ASSERT_EQ(Carica("r3k3/8/8/8/8/8/8/4K1R1 b"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_LUNGO_NERO);
   ASSERT_EQ(Carica("r3k2r/8/8/8/8/8/8/R2K3R w"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
   // A black rook in the corner is not a white rook.
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/r3K3 w"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, LaCasaStantiaDelReMancanteDecide) {
@@ -128,18 +99,18 @@ TEST(Fen, LaCasaStantiaDelReMancanteDecide) {
 
 TEST(Fen, ILettereDegliArrocchiSonoCreduteSullaParola) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KQkq -"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, TUTTI_GLI_ARROCCHI);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, MASCHERA_DIRITTI);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, UnaLetteraRipetutaTogliDiNuovoLaChiave) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KK - 0 1"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO);
   // Both XORs of the key cancel: the key is that of the pieces alone.
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCO_CORTO_BIANCO);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w KqK - 0 1"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_NERO);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa() ^ HASH_ARROCCO_CORTO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCO_CORTO_BIANCO);
 }
 
 TEST(Fen, EnpassantConCatturaPossibile) {
@@ -147,15 +118,15 @@ TEST(Fen, EnpassantConCatturaPossibile) {
   EXPECT_NE(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[0], Mossa(Casa("d7"), Casa("d5"), PEDONE_AVANZA2));
   EXPECT_EQ(ContatoreMosse, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
-  EXPECT_NE(ChiaveHash, ChiaveAttesa() ^ HashPermessoEnpassantIn[Casa("d5")]);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
+  EXPECT_NE(ChiaveHash, CalcolaChiaveHash() ^ HashPermessoEnpassantIn[Casa("d5")]);
 }
 
 TEST(Fen, EnpassantSenzaCatturaPossibileVieneIgnorato) {
   ASSERT_EQ(Carica("rnbqkbnr/ppp1pppp/8/3p4/4P3/8/PPPP1PPP/RNBQKBNR w KQkq d6 0 2"), 1);
   EXPECT_EQ(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[0], 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(Fen, EnpassantColNeroAlTratto) {
@@ -165,7 +136,7 @@ TEST(Fen, EnpassantColNeroAlTratto) {
   EXPECT_EQ(TurnoIniziale, 1u);
   EXPECT_NE(InfoPosizione & PERMESSO_ENPASSANT, 0u);
   EXPECT_EQ(ElencoMosse[1], Mossa(Casa("d2"), Casa("d4"), PEDONE_AVANZA2));
-  EXPECT_EQ(ChiaveHash, ChiaveAttesa());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   // Without a capturer the last move reads as none.
   ElencoMosse[1] = 0x1234;
   ASSERT_EQ(Carica("rnbqkbnr/pppp1ppp/8/8/3P4/4p3/PPP1PPPP/RNBQKBNR b KQkq d3 0 2"), 1);
@@ -184,10 +155,10 @@ TEST(Fen, EnpassantSulBordoGuardaUnSoloLato) {
 
 TEST(Fen, Semimosse) {
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 99 80"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 99u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 99u);
   EXPECT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 100 80"), 0);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w - - 07"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 7u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 7u);
 }
 
 TEST(Fen, ReAccostatiSonoRifiutati) {
@@ -261,15 +232,15 @@ TEST(Fen, IReNonSonoContati) {
 
 TEST(Fen, ParentesiSpaziECampiInPiu) {
   ASSERT_EQ(Carica(" \t\n[4k3/8/8/8/8/8/8/4K3 b - - 12 40] tutto il resto"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 12u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 12u);
   EXPECT_EQ(TurnoIniziale, 1u);
   ASSERT_EQ(Carica("[[4k3/8/8/8/8/8/8/4K3   w\t-  -  3  x  settimo ottavo"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 3u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 3u);
   // "]" ends the text even inside the fields.
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K3 w]KQkq"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, 0u);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
   ASSERT_EQ(Carica("4k3/8/8/8/8/8/8/4K2R w K -]5"), 1);
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
 }
 
 TEST(Fen, ListePieneAlLimiteSonoAccettate) {
@@ -441,7 +412,7 @@ TEST(Fen, PosizioniDiRiferimento) {
       if (c == 'k') diritti |= ARROCCO_CORTO_NERO;
       if (c == 'q') diritti |= ARROCCO_LUNGO_NERO;
     }
-    EXPECT_EQ(InfoPosizione & MASCHERA_ARROCCHI, diritti) << nome;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, diritti) << nome;
 
     const riferimento::Griglia g = riferimento::DaFen(fen);
     bool permesso = false;
@@ -463,10 +434,10 @@ TEST(Fen, PosizioniDiRiferimento) {
     EXPECT_EQ(PrimoScacco(InfoPosizione), primo) << nome;
     EXPECT_EQ(SecondoScacco(InfoPosizione), secondo) << nome;
 
-    EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, uint64_t(std::stoi(semimosse))) << nome;
-    EXPECT_EQ(InfoPosizione >> 26, 0u) << nome;
-    EXPECT_EQ(ChiaveHash, ChiaveAttesa()) << nome;
-    EXPECT_EQ(HashPedoni, ChiavePedoniAttesa()) << nome;
+    EXPECT_EQ(Semimosse(InfoPosizione), uint64_t(std::stoi(semimosse))) << nome;
+    EXPECT_EQ(InfoPosizione >> BIT_INFO, 0u) << nome;
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash()) << nome;
+    EXPECT_EQ(HashPedoni, CalcolaHashPedoni()) << nome;
   }
   EXPECT_GE(viste.size(), 7u);
 }

@@ -5,6 +5,8 @@
 #include <bit>
 #include <set>
 
+#include "board/liste.h"
+
 namespace {
 
 using Inserisci = void (*)(uint64_t);
@@ -31,7 +33,7 @@ void VerificaCoerenza() {
       for (uint64_t slot = 0; slot < n; ++slot) {
         const uint64_t s = lista[slot];
         ASSERT_LT(s, 64u);
-        EXPECT_EQ(PezzoIn[s], (uint64_t(k) << 5) | (uint64_t(c) << 4) | slot);
+        EXPECT_EQ(PezzoIn[s], CodicePezzo(TipoPezzo(k), Colore(c), slot));
         EXPECT_TRUE((btm_pezzi[c][k] >> s) & 1);
       }
       colore |= btm_pezzi[c][k];
@@ -105,8 +107,8 @@ TEST(Posizione, TorreEDonnaPesanoTreEQuattordici) {
     EXPECT_EQ(Byte(materiale[c], 4), 1u) << c;
     EXPECT_EQ(Byte(materiale[c], 5), 0u) << c;
     EXPECT_EQ(materiale[1 - c], 0u) << c;
-    EXPECT_EQ(PezzoIn[20], 0x60u | (uint64_t(c) << 4));
-    EXPECT_EQ(PezzoIn[40], 0x80u | (uint64_t(c) << 4));
+    EXPECT_EQ(PezzoIn[20], CodicePezzo(TORRE, Colore(c), 0));
+    EXPECT_EQ(PezzoIn[40], CodicePezzo(DONNA, Colore(c), 0));
   }
 }
 
@@ -218,12 +220,36 @@ TEST(ChiaviZobrist, LeChiaviBaseSonoDistinteEBenMescolate) {
   EXPECT_EQ(viste.size(), 768u);
   // About half of the 49,152 bits are set.
   EXPECT_NEAR(bit_totali, 768 * 32, 768 * 2);
-  for (uint64_t arrocco : {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                           HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO})
-    EXPECT_EQ(viste.count(arrocco), 0u);
+  for (int diritto = 0; diritto < 4; ++diritto)
+    EXPECT_EQ(viste.count(HashDiritti[1 << diritto]), 0u);
 }
 
 TEST(ChiaviZobrist, CostantiDegliArrocchi) {
+  const char* const nomi[2][2] = {{"e1g1", "e1c1"}, {"e8g8", "e8c8"}};
+  for (int c = 0; c < 2; ++c)
+    for (int lungo = 0; lungo < 2; ++lungo) {
+      const Arrocco& a = Arrocchi[c][lungo];
+      EXPECT_EQ(hash_in[c][RE][a.re] ^ hash_in[c][RE][a.re_arrivo] ^ hash_in[c][TORRE][a.torre] ^
+                    hash_in[c][TORRE][a.torre_arrivo],
+                a.chiave_pezzi)
+          << nomi[c][lungo];
+      EXPECT_EQ(ChiavePezziArrocco(Colore(c), a), a.chiave_pezzi) << nomi[c][lungo];
+    }
+  EXPECT_EQ(HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO, HASH_ARROCCHI_BIANCO);
+  EXPECT_EQ(HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO, HASH_ARROCCHI_NERO);
+  // In the order of the right bits of InfoPosizione.
+  const uint64_t una[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
+                           HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
+  for (uint64_t diritti = 0; diritti < 16; ++diritti) {
+    uint64_t attesa = 0;
+    for (int i = 0; i < 4; ++i)
+      if (diritti & (1u << i)) attesa ^= una[i];
+    EXPECT_EQ(HashDiritti[diritti], attesa) << diritti;
+    EXPECT_EQ(ChiaveDiritti(diritti << SHIFT_DIRITTI), attesa) << diritti;
+  }
+}
+
+TEST(ChiaviZobrist, CostantiDegliArrocchiComePubblicate) {
   EXPECT_EQ(hash_re_bianco_in[60] ^ hash_re_bianco_in[62] ^ hash_torre_bianco_in[63] ^
                 hash_torre_bianco_in[61],
             0x3aa3e0b15d7a91b6ull);
@@ -234,8 +260,6 @@ TEST(ChiaviZobrist, CostantiDegliArrocchi) {
             0xecfe612e1daf5aaeull);
   EXPECT_EQ(hash_re_nero_in[4] ^ hash_re_nero_in[2] ^ hash_torre_nero_in[0] ^ hash_torre_nero_in[3],
             0xd11f82d3411bd340ull);
-  EXPECT_EQ(HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO, 0x846af657f00d737aull);
-  EXPECT_EQ(HASH_ARROCCO_CORTO_NERO ^ HASH_ARROCCO_LUNGO_NERO, 0xdde3750ac97bed50ull);
 }
 
 TEST(ChiaviZobrist, ChiaviDeiDirittiComePubblicate) {

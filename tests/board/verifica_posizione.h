@@ -9,20 +9,19 @@
 #include "board/posizione.h"
 
 inline bool PosizioneCoerente() {
-  uint64_t chiave = 0, pedoni = 0, colori[2] = {0, 0};
+  uint64_t colori[2] = {0, 0};
   uint64_t conteggi[2][5] = {};
   for (uint64_t s = 0; s < 64; ++s) {
     const uint64_t codice = PezzoIn[s];
     if (((btm_occupazione >> s) & 1) != (codice != CASA_VUOTA)) return false;
     if (codice == CASA_VUOTA) continue;
-    const uint64_t colore = (codice >> 4) & 1, tipo = codice >> 5;
-    if (tipo > RE) return false;
-    chiave ^= hash_in[colore][tipo][s];
+    if (!CodiceDiPezzo(codice)) return false;
+    const Colore colore = ColoreDelCodice(codice);
+    const TipoPezzo tipo = TipoDelCodice(codice);
     colori[colore] |= 1ull << s;
-    if (tipo == PEDONE) pedoni ^= hash_in[colore][tipo][s];
     if (tipo == RE) continue;
     ++conteggi[colore][tipo];
-    const uint64_t slot = codice & 15;
+    const uint64_t slot = SlotDelCodice(codice);
     if (!((btm_pezzi[colore][tipo] >> s) & 1)) return false;
     if (slot >= uint64_t(CapienzaLista[tipo])) return false;
     const uint64_t* lista = tipo == PEDONE    ? casa_pedone[colore]
@@ -39,26 +38,19 @@ inline bool PosizioneCoerente() {
       if (uint64_t(std::popcount(btm_pezzi[c][k])) != conteggi[c][k]) return false;
     }
   }
-  if (HashPedoni != pedoni) return false;
-  if (InfoPosizione >> 26 != 0) return false;
-  if ((InfoPosizione & MASCHERA_SEMIMOSSE) > 99) return false;
+  // Every code is a piece's: the keys can be computed.
+  if (HashPedoni != CalcolaHashPedoni()) return false;
+  if (InfoPosizione >> BIT_INFO != 0) return false;
+  if (Semimosse(InfoPosizione) > 99) return false;
   if (PrimoScacco(InfoPosizione) > 64 || SecondoScacco(InfoPosizione) > 64) return false;
   if (PrimoScacco(InfoPosizione) == 64 && SecondoScacco(InfoPosizione) != 64) return false;
   if (ContatoreMosse != TurnoIniziale || TurnoIniziale > 1) return false;
-  // Beyond the pieces' keys, only castling keys (a repeated letter cancels
-  // its own) and the en passant key may be in ChiaveHash.
-  uint64_t resto = ChiaveHash ^ chiave;
-  if (InfoPosizione & PERMESSO_ENPASSANT)
-    resto ^= HashPermessoEnpassantIn[(ElencoMosse[ContatoreMosse] >> 6) & 63];
-  const uint64_t arrocchi[4] = {HASH_ARROCCO_CORTO_BIANCO, HASH_ARROCCO_LUNGO_BIANCO,
-                                HASH_ARROCCO_CORTO_NERO, HASH_ARROCCO_LUNGO_NERO};
-  const uint64_t concessi = (InfoPosizione >> 7) & 15;
-  for (uint64_t sottoinsieme = 0; sottoinsieme < 16; ++sottoinsieme) {
-    if (sottoinsieme & ~concessi) continue;
-    uint64_t k = 0;
-    for (int i = 0; i < 4; ++i)
-      if (sottoinsieme & (1u << i)) k ^= arrocchi[i];
-    if (k == resto) return true;
-  }
+  // ChiaveHash may hold the keys of any subset of the rights granted rather
+  // than of all of them (a repeated letter cancels its own): it differs from
+  // the computed key by the keys of some subset of those rights.
+  const uint64_t resto = ChiaveHash ^ CalcolaChiaveHash();
+  const uint64_t concessi = DirittiConcessi(InfoPosizione);
+  for (uint64_t sottoinsieme = 0; sottoinsieme < 16; ++sottoinsieme)
+    if (!(sottoinsieme & ~concessi) && HashDiritti[sottoinsieme] == resto) return true;
   return false;
 }

@@ -33,7 +33,7 @@ Istantanea Fotografa() {
   }
   f.occupazione = btm_occupazione;
   for (int s = 0; s < 65; ++s)
-    f.codici[s] = PezzoIn[s] == CASA_VUOTA ? CASA_VUOTA : PezzoIn[s] & 0xF0;
+    f.codici[s] = PezzoIn[s] == CASA_VUOTA ? CASA_VUOTA : CodiceSenzaSlot(PezzoIn[s]);
   f.info = InfoPosizione;
   f.chiave = ChiaveHash;
   f.pedoni = HashPedoni;

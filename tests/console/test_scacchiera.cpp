@@ -25,8 +25,7 @@ std::string RigaAttesa(const riferimento::Griglia& g, int r) {
 }
 
 void VerificaScacchiera(const char* fen) {
-  InizializzaInfoTraiettorie();
-  InizializzaDbMobilita();
+  InizializzaTabelle();
   memoria::Azzera();
   SvuotaScacchiera();
   ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;

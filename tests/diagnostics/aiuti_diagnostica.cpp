@@ -17,8 +17,7 @@ namespace {
 class AmbienteDiagnostica : public testing::Environment {
  public:
   void SetUp() override {
-    InizializzaInfoTraiettorie();
-    InizializzaDbMobilita();
+    InizializzaTabelle();
     memoria::Azzera();
   }
 };

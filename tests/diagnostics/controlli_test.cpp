@@ -7,7 +7,9 @@
 
 #include "aiuti_diagnostica.h"
 #include "board/fen.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
@@ -25,14 +27,12 @@ std::string Testo() { return ReportControlloPosizione.testo; }
 // does.
 int Fai(uint64_t mossa) {
   SalvaParolePosizione();
-  const FunzioneFai* fai = ContatoreMosse & 1 ? fai_mossa_del_nero : fai_mossa_del_bianco;
-  return fai[TipoMossa(mossa)](mossa);
+  return fai_mossa[AlTratto()][TipoMossa(mossa)](mossa);
 }
 
+// The last move was made by the side not to move.
 void Ritira() {
-  const FunzioneRitira* ritira =
-      ContatoreMosse & 1 ? ritira_mossa_del_bianco : ritira_mossa_del_nero;
-  ritira[TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);
+  ritira_mossa[~AlTratto()][TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);
 }
 
 class Controlli : public testing::Test {
@@ -174,7 +174,7 @@ TEST_F(Controlli, ChiaviScorretteEPedoniSpostati) {
 
   // A pawn moved in its list but not on the board: every part says so.
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  casa_pedone_bianco[PezzoIn[52] & 15] = 44;  // e2 listed on e3
+  casa_pedone_bianco[SlotDelCodice(PezzoIn[52])] = 44;  // e2 listed on e3
   Controlla(0);
   EXPECT_EQ(Testo(),
             "ControllaPosizione_pedone_bianco in e3\n"
@@ -188,7 +188,7 @@ TEST_F(Controlli, DopoRitiraNominaLaMossaRitirata) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
   ASSERT_EQ(Fai(Mossa(52, 36, PEDONE_AVANZA2)), 1);
   Ritira();
-  PezzoIn[36] = 0x10;  // a black pawn left behind on e4
+  PezzoIn[36] = CodicePezzo(PEDONE, NERO, 0);  // a black pawn left behind on e4
   EXPECT_EQ(Controlla(1),
             "Errore!\n nella casa e4 non dovrebbe esserci 0\n\n"
             "DopoRitiraMossa 1 pedone avanza2, e2e4\n");

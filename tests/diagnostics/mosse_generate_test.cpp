@@ -9,7 +9,9 @@
 
 #include "aiuti_diagnostica.h"
 #include "board/fen.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
 
 namespace {
 

@@ -7,9 +7,12 @@
 #include <string>
 
 #include "aiuti_diagnostica.h"
+#include "board/mossa.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/percorsi.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {

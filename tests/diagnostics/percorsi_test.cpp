@@ -8,15 +8,14 @@
 
 #include "aiuti_diagnostica.h"
 #include "board/fen.h"
+#include "board/mossa.h"
 #include "diagnostics/controlli.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
 
-void Percorri(uint32_t profondita) {
-  (ContatoreMosse & 1 ? TestVelocita_del_nero : TestVelocita_del_bianco)(profondita);
-}
+void Percorri(uint32_t profondita) { TestVelocita_del[AlTratto()](profondita); }
 
 class Percorsi : public testing::Test {
  protected:
@@ -108,8 +107,7 @@ TEST_F(Percorsi, MossaRifiutataSenzaControlloNeRicorsione) {
        {"8/8/8/8/3b4/1k6/1N1n4/K7 w - - 0 1", "k7/1n1N4/1K6/3B4/8/8/8/8 b - - 0 1"}) {
     SCOPED_TRACE(fen);
     ASSERT_TRUE(CaricaFen(fen));
-    const bool nero = ContatoreMosse & 1;
-    const auto candidati = genera_mosse_del[nero](BufferMosseGenerate) - BufferMosseGenerate;
+    const auto candidati = genera_mosse_del[AlTratto()](BufferMosseGenerate) - BufferMosseGenerate;
     ASSERT_EQ(candidati, 6);
     HashPedoni ^= 1;
     const Istantanea prima = Fotografa();
@@ -119,7 +117,7 @@ TEST_F(Percorsi, MossaRifiutataSenzaControlloNeRicorsione) {
     for (uint32_t profondita : {1u, 2u}) {
       ReportControlloPosizione.LunghezzaTesto = 0;
       testing::internal::CaptureStdout();
-      (nero ? test_del_nero : test_del_bianco)(profondita);
+      test_del[AlTratto()](profondita);
       EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
       EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
       EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());
@@ -141,7 +139,7 @@ TEST_F(Percorsi, AutocontrolloProfonditaUnoSenzaReport) {
     ASSERT_TRUE(CaricaFen(fen));
     const Istantanea prima = Fotografa();
     testing::internal::CaptureStdout();
-    (ContatoreMosse & 1 ? test_del_nero : test_del_bianco)(1);
+    test_del[AlTratto()](1);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
     EXPECT_EQ(Fotografa(), prima) << Differenze(prima, Fotografa());

@@ -16,8 +16,11 @@
 #include <vector>
 
 #include "aiuti_diagnostica.h"
+#include "board/mossa.h"
 #include "diagnostics/controlli.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
@@ -30,13 +33,8 @@ bool Tattica(uint64_t tipo) { return tipo >= PEDONE_CATTURA; }
 // rights.
 uint64_t ChiaviLasciate(uint64_t mossa, uint64_t info_prima, Colore mosso) {
   if (TipoMossa(mossa) != ARROCCO_LUNGO) return 0;
-  const uint64_t corto = mosso == BIANCO ? ARROCCO_CORTO_BIANCO : ARROCCO_CORTO_NERO;
-  const uint64_t lungo = mosso == BIANCO ? ARROCCO_LUNGO_BIANCO : ARROCCO_LUNGO_NERO;
-  if (!(info_prima & lungo)) return 0;
-  uint64_t chiavi = mosso == BIANCO ? HASH_ARROCCO_LUNGO_BIANCO : HASH_ARROCCO_LUNGO_NERO;
-  if (info_prima & corto)
-    chiavi ^= mosso == BIANCO ? HASH_ARROCCO_CORTO_BIANCO : HASH_ARROCCO_CORTO_NERO;
-  return chiavi;
+  if (!(info_prima & DirittoArrocco(mosso, true))) return 0;
+  return ChiaveDiritti(info_prima & DirittiDel(mosso));
 }
 
 struct Esito {
@@ -85,12 +83,9 @@ class PercorsoEsatto {
 
   // The tactical and quiet generators split the full generator's output.
   void ControllaGeneratori(Buffer& tutte, uint64_t* fine_tutte) {
-    const bool nero = ContatoreMosse & 1;
     Buffer tattiche, quiete;
-    uint64_t* fine_t =
-        (nero ? genera_MosseTattiche_del_nero : genera_MosseTattiche_del_bianco)(tattiche.data());
-    uint64_t* fine_q =
-        (nero ? genera_noncatture_del_nero : genera_noncatture_del_bianco)(quiete.data());
+    uint64_t* fine_t = genera_tattiche_del[AlTratto()](tattiche.data());
+    uint64_t* fine_q = genera_noncatture_del[AlTratto()](quiete.data());
     std::vector<uint64_t> attese(tutte.data(), fine_tutte);
     std::vector<uint64_t> unite(tattiche.data(), fine_t);
     for (uint64_t m : unite)
@@ -106,18 +101,17 @@ class PercorsoEsatto {
 
   void Visita(int profondita, int ply, uint64_t chiavi_lasciate) {
     ++esito_.posizioni;
-    ++esito_.stati[ContatoreMosse & 1][StatoDiScacco(InfoPosizione)];
-    const bool nero = ContatoreMosse & 1;
+    const Colore c = AlTratto();
+    ++esito_.stati[c][StatoDiScacco(InfoPosizione)];
     Buffer& mosse = buffer_[size_t(ply)];
-    uint64_t* fine =
-        (nero ? genera_TutteLeMosse_del_nero : genera_TutteLeMosse_del_bianco)(mosse.data());
+    uint64_t* fine = genera_mosse_del[c](mosse.data());
     ControllaGeneratori(mosse, fine);
     if (profondita == 0) {
       ++esito_.foglie;
       return;
     }
-    const FunzioneFai* fai = nero ? fai_mossa_del_nero : fai_mossa_del_bianco;
-    const FunzioneRitira* ritira = nero ? ritira_mossa_del_nero : ritira_mossa_del_bianco;
+    const FunzioneFai* fai = fai_mossa[c];
+    const FunzioneRitira* ritira = ritira_mossa[c];
     SalvaParolePosizione();
     const Istantanea prima = Fotografa();
     for (const uint64_t* m = mosse.data(); m < fine; ++m) {
@@ -130,8 +124,7 @@ class PercorsoEsatto {
       }
       if (ContatoreMosse != prima.contatore + 1 || ElencoMosse[ContatoreMosse] != *m)
         Errore("make did not record the move");
-      const uint64_t lasciate =
-          chiavi_lasciate ^ ChiaviLasciate(*m, info_prima, nero ? NERO : BIANCO);
+      const uint64_t lasciate = chiavi_lasciate ^ ChiaviLasciate(*m, info_prima, c);
       Controlla(0, lasciate);
       Visita(profondita - 1, ply + 1, lasciate);
       ritira[TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);

@@ -37,8 +37,7 @@ class Aggiudicazione : public ::testing::Test {
  protected:
   void SetUp() override {
     static const bool tabelle = [] {
-      InizializzaInfoTraiettorie();
-      InizializzaDbMobilita();
+      InizializzaTabelle();
       return true;
     }();
     (void)tabelle;

@@ -4,21 +4,21 @@
 
 #include "board/fen.h"
 #include "board/geometria.h"
+#include "board/mossa.h"
 #include "diagnostics/perft.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
 
 namespace {
 
 void InizializzaUnaVolta() {
   static const bool fatto = [] {
-    InizializzaInfoTraiettorie();
-    InizializzaDbMobilita();
+    InizializzaTabelle();
     return true;
   }();
   (void)fatto;
 }
-
-bool ToccaAlNero() { return ContatoreMosse & 1; }
 
 }  // namespace
 
@@ -34,17 +34,17 @@ std::vector<uint64_t> GeneraCon(Generatore genera) {
   return std::vector<uint64_t>(buffer, fine);
 }
 
-std::vector<uint64_t> Candidate() { return GeneraCon(genera_mosse_del[ContatoreMosse & 1]); }
+std::vector<uint64_t> Candidate() { return GeneraCon(genera_mosse_del[AlTratto()]); }
 
 int Fai(uint64_t mossa) {
   SalvaParolePosizione();
-  return (ToccaAlNero() ? fai_mossa_del_nero : fai_mossa_del_bianco)[TipoMossa(mossa)](mossa);
+  return fai_mossa[AlTratto()][TipoMossa(mossa)](mossa);
 }
 
 void Ritira() {
   const uint64_t mossa = ElencoMosse[ContatoreMosse];
-  // An odd counter means the last move was White's.
-  (ToccaAlNero() ? ritira_mossa_del_bianco : ritira_mossa_del_nero)[TipoMossa(mossa)](mossa);
+  // The last move was made by the side not to move.
+  ritira_mossa[~AlTratto()][TipoMossa(mossa)](mossa);
 }
 
 std::string Coordinate(uint64_t mossa) {
@@ -75,29 +75,8 @@ std::vector<uint64_t> Legali() {
   return legali;
 }
 
-uint64_t ChiaveDaZero() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA) chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PezzoIn[s] >> 5][s];
-  if (InfoPosizione & ARROCCO_CORTO_BIANCO) chiave ^= HASH_ARROCCO_CORTO_BIANCO;
-  if (InfoPosizione & ARROCCO_LUNGO_BIANCO) chiave ^= HASH_ARROCCO_LUNGO_BIANCO;
-  if (InfoPosizione & ARROCCO_CORTO_NERO) chiave ^= HASH_ARROCCO_CORTO_NERO;
-  if (InfoPosizione & ARROCCO_LUNGO_NERO) chiave ^= HASH_ARROCCO_LUNGO_NERO;
-  if (InfoPosizione & PERMESSO_ENPASSANT)
-    chiave ^= HashPermessoEnpassantIn[DestinazioneMossa(ElencoMosse[ContatoreMosse])];
-  return chiave;
-}
-
-uint64_t HashPedoniDaZero() {
-  uint64_t chiave = 0;
-  for (int s = 0; s < 64; ++s)
-    if (PezzoIn[s] != CASA_VUOTA && (PezzoIn[s] >> 5) == PEDONE)
-      chiave ^= hash_in[(PezzoIn[s] >> 4) & 1][PEDONE][s];
-  return chiave;
-}
-
 uint64_t ScacchiDaZero() {
-  const int c = ContatoreMosse & 1, n = c ^ 1;
+  const Colore c = AlTratto(), n = ~c;
   const uint64_t re = casa_re[c];
   const uint64_t occ = btm_occupazione;
   return (btm_pezzi[n][PEDONE] & MscBersagliPedone_da[c][re]) |
@@ -136,7 +115,7 @@ std::string ControllaCoerenza() {
       uint64_t insieme = 0;
       for (uint64_t i = 0; i < n; ++i) {
         const uint64_t s = lista[i];
-        if (s > 63 || PezzoIn[s] != ((uint64_t(k) << 5) | (uint64_t(c) << 4) | i))
+        if (s > 63 || PezzoIn[s] != CodicePezzo(TipoPezzo(k), Colore(c), i))
           errori += "slot " + std::to_string(i) + " of kind " + std::to_string(k) + "; ";
         else
           insieme |= 1ull << s;
@@ -144,7 +123,7 @@ std::string ControllaCoerenza() {
       if (insieme != btm_pezzi[c][k]) errori += "bitboard of kind " + std::to_string(k) + "; ";
       viste[c] |= insieme;
     }
-    if (PezzoIn[casa_re[c]] != (0xA0u | (uint64_t(c) << 4))) errori += "king code; ";
+    if (PezzoIn[casa_re[c]] != CodicePezzo(RE, Colore(c), 0)) errori += "king code; ";
     viste[c] |= 1ull << casa_re[c];
     if (viste[c] != btm_colore[c]) errori += "colour bitboard; ";
   }

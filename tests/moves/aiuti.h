@@ -1,6 +1,7 @@
 // Helpers of the move tests: loading a position, finding and making moves by
 // their coordinates, a snapshot of every position global, and the parts of
-// the position recomputed from scratch (keys, checkers, list invariants).
+// the position recomputed from scratch (checkers, list invariants; the keys
+// come from CalcolaChiaveHash and CalcolaHashPedoni of the board).
 #pragma once
 
 #include <array>
@@ -38,9 +39,7 @@ std::string Coordinate(uint64_t mossa);
 // The legal moves: the candidates whose make succeeds.
 std::vector<uint64_t> Legali();
 
-uint64_t ChiaveDaZero();      // ChiaveHash as the position's contents give it
-uint64_t HashPedoniDaZero();  // HashPedoni likewise
-uint64_t ScacchiDaZero();     // the pieces attacking the king of the side to move
+uint64_t ScacchiDaZero();  // the pieces attacking the king of the side to move
 // Empty when the checker fields name exactly the pieces giving check, once
 // each; otherwise a description of the difference.
 std::string ControllaScacchi();

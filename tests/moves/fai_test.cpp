@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "aiuti.h"
+#include "board/mossa.h"
 #include "moves/fai.h"
-#include "moves/mosse.h"
+#include "moves/registro.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ void FaiEControlla(const std::string& coordinate) {
   EXPECT_EQ(ElencoMosse[ContatoreMosse], m);
   EXPECT_EQ(ControllaCoerenza(), "");
   EXPECT_EQ(ControllaScacchi(), "") << coordinate;
-  EXPECT_EQ(HashPedoni, HashPedoniDaZero());
+  EXPECT_EQ(HashPedoni, CalcolaHashPedoni());
 }
 
 // Loads the position, makes the move and compares both checker fields.
@@ -112,7 +113,7 @@ TEST(FaiMossa, DoppioPassoEPermessoEnPassant) {
   EXPECT_TRUE(InfoPosizione & PERMESSO_ENPASSANT);
   EXPECT_EQ(ChiaveHash,
             prima ^ HashSpostaPedone2In[Casa("d4")] ^ HashPermessoEnpassantIn[Casa("d4")]);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 
   ASSERT_TRUE(Carica("4k3/8/8/8/8/8/3P4/4K3 w - - 0 1"));
   prima = ChiaveHash;
@@ -125,10 +126,10 @@ TEST(FaiMossa, DoppioPassoEPermessoEnPassant) {
   ASSERT_TRUE(Carica("4k3/3p4/8/4P3/8/8/8/4K3 b - - 0 1"));
   FaiEControlla("d7d5");
   EXPECT_TRUE(InfoPosizione & PERMESSO_ENPASSANT);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   FaiEControlla("e1d1");
   EXPECT_FALSE(InfoPosizione & PERMESSO_ENPASSANT);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(FaiMossa, CatturaDellaTorreInH8TogliIlDiritto) {
@@ -143,27 +144,27 @@ TEST(FaiMossa, CatturaDellaTorreInH8TogliIlDiritto) {
     ASSERT_TRUE(InfoPosizione & ARROCCO_CORTO_NERO);
     FaiEControlla(mossa);
     EXPECT_FALSE(InfoPosizione & ARROCCO_CORTO_NERO) << fen;
-    EXPECT_EQ(ChiaveHash, ChiaveDaZero()) << fen;
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash()) << fen;
   }
   // Without the right nothing changes; a queen taken there changes no right.
   ASSERT_TRUE(Carica("4k2r/8/6N1/8/8/8/8/4K3 w q - 0 1"));
   FaiEControlla("g6h8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_LUNGO_NERO);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   ASSERT_TRUE(Carica("4k2q/8/6N1/8/8/8/8/4K3 w k - 0 1"));
   FaiEControlla("g6h8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_NERO);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   // Rook takes rook: its own right goes, then the captured one.
   ASSERT_TRUE(Carica("4k2r/8/8/8/8/8/8/4K2R w Kk - 0 1"));
   FaiEControlla("h1h8");
-  EXPECT_EQ(InfoPosizione & 0x780, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   // Black taking the rook on a1 clears White's queen side.
   ASSERT_TRUE(Carica("r3k3/8/8/8/8/8/8/R3K3 b Q - 0 1"));
   FaiEControlla("a8a1");
-  EXPECT_EQ(InfoPosizione & 0x780, 0u);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, 0u);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(FaiMossa, MosseDiReETorreTolgonoIDiritti) {
@@ -175,38 +176,39 @@ TEST(FaiMossa, MosseDiReETorreTolgonoIDiritti) {
   for (const auto& caso : casi) {
     ASSERT_TRUE(Carica(fen));
     FaiEControlla(caso.mossa);
-    EXPECT_EQ(InfoPosizione & 0x780, caso.restano) << caso.mossa;
-    EXPECT_EQ(ChiaveHash, ChiaveDaZero()) << caso.mossa;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, caso.restano) << caso.mossa;
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash()) << caso.mossa;
   }
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"));
   FaiEControlla("h8h2");
-  EXPECT_EQ(InfoPosizione & 0x780, 0x580u);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI,
+            ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(FaiMossa, ArroccoLungoLasciaLeChiaviDeiDiritti) {
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1"));
   FaiEControlla("e1c1");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero() ^ HASH_ARROCCO_CORTO_BIANCO ^ HASH_ARROCCO_LUNGO_BIANCO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_NERO | ARROCCO_LUNGO_NERO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCHI_BIANCO);
   EXPECT_EQ(PezzoIn[Casa("c1")], CODICE_RE_BIANCO);
-  EXPECT_EQ(PezzoIn[Casa("d1")] & 0xF0, 0x60u);
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("d1")]), CodicePezzo(TORRE, BIANCO, 0));
   EXPECT_EQ(casa_re_bianco, Casa("c1"));
   // Black's queen side keeps its keys as well; king side removes them.
   ASSERT_TRUE(Carica("r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"));
   FaiEControlla("e8c8");
-  EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero() ^ HASH_ARROCCHI_NERO);
+  EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO | ARROCCO_LUNGO_BIANCO);
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash() ^ HASH_ARROCCHI_NERO);
   for (const char* fen :
        {"r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1", "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 0 1"}) {
     ASSERT_TRUE(Carica(fen));
-    FaiEControlla((ContatoreMosse & 1) ? "e8g8" : "e1g1");
-    EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+    FaiEControlla(AlTratto() == NERO ? "e8g8" : "e1g1");
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
   }
   // With only the king-side right, king-side castling removes just that key.
   ASSERT_TRUE(Carica("4k3/8/8/8/8/8/8/4K2R w K - 0 1"));
   FaiEControlla("e1g1");
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(FaiMossa, ScaccoDellaTorreDopoArroccoNelSecondoCampo) {
@@ -235,7 +237,7 @@ TEST(FaiMossa, ArroccoNonGuardaLaCasaDelReNeIDiritti) {
   ASSERT_TRUE(Carica("6k1/8/8/8/8/8/8/4K2R w - - 0 1"));
   SalvaParolePosizione();
   EXPECT_EQ(fai_o_o_del_bianco(MOSSA_O_O_BIANCO), 1);
-  EXPECT_EQ(PezzoIn[Casa("f1")] & 0xF0, 0x60u);
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("f1")]), CodicePezzo(TORRE, BIANCO, 0));
   EXPECT_EQ(ControllaCoerenza(), "");
   ASSERT_TRUE(Carica("r3k3/8/8/8/8/8/8/7K b - - 0 1"));
   SalvaParolePosizione();
@@ -300,14 +302,14 @@ TEST(FaiMossa, ContatoreSemimosseSiFermaA127) {
   const char* const giro[4] = {"g1f3", "b8c6", "f3g1", "c6b8"};
   for (int i = 0; i < 40; ++i) {
     FaiEControlla(giro[i % 4]);
-    EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, uint64_t(std::min(99 + i + 1, 127))) << i;
-    EXPECT_EQ(InfoPosizione & 0x780, ARROCCO_CORTO_BIANCO) << i;
-    EXPECT_EQ(ChiaveHash, ChiaveDaZero()) << i;
+    EXPECT_EQ(Semimosse(InfoPosizione), uint64_t(std::min(99 + i + 1, 127))) << i;
+    EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, ARROCCO_CORTO_BIANCO) << i;
+    EXPECT_EQ(ChiaveHash, CalcolaChiaveHash()) << i;
   }
   // A pawn move or a capture restarts it.
   ASSERT_TRUE(Carica("4k3/8/8/8/8/8/4P3/4K3 w - - 50 1"));
   FaiEControlla("e2e3");
-  EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 0u);
+  EXPECT_EQ(Semimosse(InfoPosizione), 0u);
 }
 
 TEST(FaiMossa, PromozioneConCatturaSullaDiagonaleUnSoloScacco) {
@@ -347,14 +349,14 @@ TEST(FaiMossa, ContatoreSemimosseFermoA127PerOgniMossaCheLoAumenta) {
     SCOPED_TRACE(std::string(fen) + " " + mossa);
     ASSERT_TRUE(Carica(fen));
     FaiEControlla(mossa);
-    const uint64_t diritti = InfoPosizione & 0x780;
+    const uint64_t diritti = InfoPosizione & MASCHERA_DIRITTI;
     const uint64_t chiave = ChiaveHash;
     for (uint64_t prima : {126u, 127u}) {
       ASSERT_TRUE(Carica(fen));
       InfoPosizione = (InfoPosizione & ~MASCHERA_SEMIMOSSE) | prima;
       FaiEControlla(mossa);
-      EXPECT_EQ(InfoPosizione & MASCHERA_SEMIMOSSE, 127u);
-      EXPECT_EQ(InfoPosizione & 0x780, diritti);
+      EXPECT_EQ(Semimosse(InfoPosizione), 127u);
+      EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, diritti);
       EXPECT_EQ(ChiaveHash, chiave);
     }
   }
@@ -374,7 +376,7 @@ TEST(FaiMossa, EnPassantCheScopreScacchi) {
   ASSERT_TRUE(Carica("8/2k5/8/3pP3/8/8/8/4K3 w - d6 0 1"));
   FaiEControlla("e5d6");
   EXPECT_EQ(PrimoScacco(InfoPosizione), Casa("d6"));
-  EXPECT_EQ(ChiaveHash, ChiaveDaZero());
+  EXPECT_EQ(ChiaveHash, CalcolaChiaveHash());
 }
 
 TEST(FaiMossa, ScacchiScopertiDaPezziCheSiSpostano) {

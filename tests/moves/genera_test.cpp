@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "aiuti.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -214,13 +216,11 @@ TEST(Generazione, EnPassantSoloColPermesso) {
 // each in the same order.
 // Returns the number of positions compared.
 int ConfrontaParti(int profondita) {
-  const bool nero = ContatoreMosse & 1;
   const std::vector<uint64_t> tutte = Candidate();
   std::vector<uint64_t> tattiche, quiete;
   for (uint64_t m : tutte) (Tattica(m) ? tattiche : quiete).push_back(m);
-  EXPECT_EQ(GeneraCon(nero ? genera_MosseTattiche_del_nero : genera_MosseTattiche_del_bianco),
-            tattiche);
-  EXPECT_EQ(GeneraCon(nero ? genera_noncatture_del_nero : genera_noncatture_del_bianco), quiete);
+  EXPECT_EQ(GeneraCon(genera_tattiche_del[AlTratto()]), tattiche);
+  EXPECT_EQ(GeneraCon(genera_noncatture_del[AlTratto()]), quiete);
   int confrontate = 1;
   if (profondita == 0 || ::testing::Test::HasFailure()) return confrontate;
   for (uint64_t m : tutte) {

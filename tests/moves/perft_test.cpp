@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "aiuti.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/genera.h"
 
 namespace {
 

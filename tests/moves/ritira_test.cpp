@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "aiuti.h"
-#include "moves/mosse.h"
+#include "board/mossa.h"
+#include "moves/registro.h"
 #include "moves/ritira.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -55,10 +57,10 @@ void Cammina(int profondita, bool arrocco_lungo, int& fatte) {
     const bool lungo = arrocco_lungo || TipoMossa(m) == ARROCCO_LUNGO;
     ASSERT_EQ(ControllaCoerenza(), "") << Coordinate(m);
     ASSERT_EQ(ControllaScacchi(), "") << Coordinate(m);
-    ASSERT_EQ(HashPedoni, HashPedoniDaZero()) << Coordinate(m);
+    ASSERT_EQ(HashPedoni, CalcolaHashPedoni()) << Coordinate(m);
     // Queen-side castling keeps the keys of the rights it clears.
     if (!lungo) {
-      ASSERT_EQ(ChiaveHash, ChiaveDaZero()) << Coordinate(m);
+      ASSERT_EQ(ChiaveHash, CalcolaChiaveHash()) << Coordinate(m);
     }
     if (profondita > 1) Cammina(profondita - 1, lungo, fatte);
     Ritira();
@@ -112,8 +114,8 @@ TEST(RitiraMossa, PromozioneConCatturaRitirata) {
   EXPECT_EQ(NumeroPezzi(materiale_del_bianco, PEDONE), 2u);
   EXPECT_EQ(NumeroPezzi(materiale_del_bianco, DONNA), 0u);
   EXPECT_EQ(NumeroPezzi(materiale_del_nero, TORRE), 1u);
-  EXPECT_EQ(PezzoIn[Casa("b8")], 0x70u);
-  EXPECT_EQ(PezzoIn[Casa("a7")] & 0xF0, 0x00u);
+  EXPECT_EQ(PezzoIn[Casa("b8")], CodicePezzo(TORRE, NERO, 0));
+  EXPECT_EQ(CodiceSenzaSlot(PezzoIn[Casa("a7")]), CodicePezzo(PEDONE, BIANCO, 0));
   EXPECT_EQ(ControllaCoerenza(), "");
   // The pawn came back at the end of its list: a7 is now slot 1.
   EXPECT_EQ(casa_pedone_bianco[1], Casa("a7"));
@@ -139,7 +141,7 @@ TEST(RitiraMossa, LaTavolaSegueLaParitaDelContatore) {
   ASSERT_TRUE(Carica("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1"));
   const Istantanea inizio = Fotografa();
   ASSERT_TRUE(Gioca("e2e4"));
-  ASSERT_EQ(ContatoreMosse & 1, 1u);  // odd: the last move was White's
+  ASSERT_EQ(AlTratto(), NERO);  // the last move was White's
   const Istantanea dopo_bianco = Fotografa();
   ASSERT_TRUE(Gioca("e7e5"));
   ritira_mossa_del_nero[TipoMossa(ElencoMosse[ContatoreMosse])](ElencoMosse[ContatoreMosse]);

@@ -4,9 +4,11 @@
 #include <string>
 
 #include "aiuti.h"
+#include "board/mossa.h"
 #include "moves/fai.h"
-#include "moves/mosse.h"
+#include "moves/genera.h"
 #include "moves/ritira.h"
+#include "moves/tavole.h"
 
 namespace {
 
@@ -118,6 +120,17 @@ TEST(ParolaMossa, FunzioniNominateNeiLoroPosti) {
   EXPECT_EQ(genera_mosse_del[0], &genera_TutteLeMosse_del_bianco);
   EXPECT_EQ(genera_mosse_del[1], &genera_TutteLeMosse_del_nero);
   for (int i = 2; i < 8; ++i) EXPECT_EQ(genera_mosse_del[i], nullptr) << i;
+}
+
+TEST(ParolaMossa, TavolePerColore) {
+  EXPECT_EQ(&fai_mossa[BIANCO][0], &fai_mossa_del_bianco[0]);
+  EXPECT_EQ(&fai_mossa[NERO][0], &fai_mossa_del_nero[0]);
+  EXPECT_EQ(&ritira_mossa[BIANCO][0], &ritira_mossa_del_bianco[0]);
+  EXPECT_EQ(&ritira_mossa[NERO][0], &ritira_mossa_del_nero[0]);
+  EXPECT_EQ(genera_tattiche_del[BIANCO], &genera_MosseTattiche_del_bianco);
+  EXPECT_EQ(genera_tattiche_del[NERO], &genera_MosseTattiche_del_nero);
+  EXPECT_EQ(genera_noncatture_del[BIANCO], &genera_noncatture_del_bianco);
+  EXPECT_EQ(genera_noncatture_del[NERO], &genera_noncatture_del_nero);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
-// The tables by move type: names, moving and promoted kinds, and the four
-// dispatch tables of the make and unmake functions; the shared move buffer
-// and the per-ply backups.
-#include "moves/mosse.h"
+// The tables by move type: names, moving and promoted kinds, and the
+// dispatch tables of the make and unmake functions.
+#include "moves/tavole.h"
 
 #include "board/tabella64.h"
 #include "moves/fai.h"
 #include "moves/lato.h"
 #include "moves/ritira.h"
+#include "moves/tipi_mossa.h"
 
 const char* const StringaTipoMossa[64] = {"mossa nulla",
                                           "arrocco corto",
@@ -109,23 +109,11 @@ const uint32_t TipoPromozioneMossa[64] = {TABELLA64(PromozioneDelTipo)};
 #define PENDRINO_FAI_NERO(tipo, prima, dopo) &fai_##prima##nero##dopo,
 #define PENDRINO_RITIRA_BIANCO(tipo, prima, dopo) &ritira_##prima##bianco##dopo,
 #define PENDRINO_RITIRA_NERO(tipo, prima, dopo) &ritira_##prima##nero##dopo,
-const FunzioneFai fai_mossa_del_bianco[64] = {nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_FAI_BIANCO)};
-const FunzioneFai fai_mossa_del_nero[64] = {nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_FAI_NERO)};
-const FunzioneRitira ritira_mossa_del_bianco[64] = {nullptr,
-                                                    PENDRINO_TIPI_MOSSA(PENDRINO_RITIRA_BIANCO)};
-const FunzioneRitira ritira_mossa_del_nero[64] = {nullptr,
-                                                  PENDRINO_TIPI_MOSSA(PENDRINO_RITIRA_NERO)};
+const FunzioneFai fai_mossa[2][64] = {{nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_FAI_BIANCO)},
+                                      {nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_FAI_NERO)}};
+const FunzioneRitira ritira_mossa[2][64] = {{nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_RITIRA_BIANCO)},
+                                            {nullptr, PENDRINO_TIPI_MOSSA(PENDRINO_RITIRA_NERO)}};
 #undef PENDRINO_FAI_BIANCO
 #undef PENDRINO_FAI_NERO
 #undef PENDRINO_RITIRA_BIANCO
 #undef PENDRINO_RITIRA_NERO
-
-const FunzioneGenera genera_mosse_del[8] = {genera_TutteLeMosse_del_bianco,
-                                            genera_TutteLeMosse_del_nero};
-
-uint64_t BufferMosseGenerate[DIMENSIONE_BUFFER_MOSSE];
-uint64_t* FineMosseGenerate = BufferMosseGenerate;
-
-uint64_t backup_ChiaveHash[MAX_SEMIMOSSE];
-uint64_t backup_HashPedoni[MAX_SEMIMOSSE];
-uint64_t backup_InfoPosizione[MAX_SEMIMOSSE];
