@@ -21,13 +21,13 @@ set -euo pipefail -f
 debian_run="build-essential cmake pkg-config libncurses-dev portaudio19-dev"
 debian_test="libgtest-dev libgmock-dev libbenchmark-dev tmux python3-pyte python3-pexpect
   g++-mingw-w64-x86-64-posix wine64 wine"
-debian_bench="libbenchmark-dev python3-pyte python3-pexpect stockfish"
+debian_bench="libbenchmark-dev libvterm-dev python3-pyte python3-pexpect stockfish"
 debian_fuzz="build-essential cmake clang-14 libclang-rt-14-dev"
 debian_format="clang-format"
 
 brew_run="cmake pkg-config ncurses portaudio"
 brew_test="googletest google-benchmark tmux mingw-w64"
-brew_bench="google-benchmark stockfish"
+brew_bench="google-benchmark libvterm stockfish"
 brew_fuzz="cmake llvm"
 brew_format="clang-format"
 pip_python="pyte pexpect"
