@@ -16,6 +16,13 @@ using namespace piattaforma::win32;
 
 namespace {
 
+// Text files carry the system's line ends.
+#ifdef _WIN32
+constexpr const char* FINE_RIGA = "\r\n";
+#else
+constexpr const char* FINE_RIGA = "\n";
+#endif
+
 constexpr DWORD CTRL = LEFT_CTRL_PRESSED;
 constexpr DWORD ALT = LEFT_ALT_PRESSED;
 
@@ -81,7 +88,7 @@ TEST_F(OrologioConsole, AvvioSenzaImpostazioniAvvisaEScriveIValoriDefault) {
   EXPECT_EQ(memoria::Finestre()[0].titolo, "Attenzione!");
   EXPECT_EQ(memoria::Finestre()[0].stile, MB_OK | MB_ICONINFORMATION);
   EXPECT_TRUE(memoria::EsisteFile("pendrino.ini"));
-  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find("$\ttempo_primo_periodo\t120\n"),
+  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find(std::string("$\ttempo_primo_periodo\t120") + FINE_RIGA),
             std::string::npos);
 }
 
@@ -194,7 +201,7 @@ TEST_F(OrologioConsole, ImpostaParametroConSiScriveIlFileESuona) {
   EXPECT_EQ(UltimaFinestra().testo, "Impostare 'tempo primo periodo' 90 minuti?");
   EXPECT_EQ(UltimaFinestra().stile, unsigned(MB_YESNO));
   EXPECT_EQ(ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore, 90);
-  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find("$\ttempo_primo_periodo\t90\n"),
+  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find(std::string("$\ttempo_primo_periodo\t90") + FINE_RIGA),
             std::string::npos);
   EXPECT_EQ(ToniDa(toni), (Toni{{3000, 5}}));
   EXPECT_EQ(Campo(), "        ");
