@@ -8,6 +8,8 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];

@@ -29,6 +29,6 @@ void TurnoCiclo();
 
 // Handles one input record: key-down records go through the key table,
 // everything else is ignored.
-void GestisciEvento(const INPUT_RECORD& evento);
+void GestisciEvento(const piattaforma::win32::INPUT_RECORD& evento);
 // Runs the handler of an action; a row without one is ignored.
-void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto);
+void EseguiAzione(AzioneTasto azione, const piattaforma::win32::KEY_EVENT_RECORD& tasto);

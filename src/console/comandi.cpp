@@ -8,6 +8,8 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 char comando[MASSIMO_CARATTERI_COMANDO + 1];
 uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";

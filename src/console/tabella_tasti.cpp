@@ -2,6 +2,8 @@
 
 #include "console/comandi.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 using G = GruppoTasti;

@@ -33,7 +33,7 @@ constexpr Azione NESSUNA_AZIONE = {"", nullptr};
 
 // An inclusive range of virtual-key codes; a single key has primo == ultimo.
 struct IntervalloTasti {
-  WORD primo, ultimo;
+  piattaforma::win32::WORD primo, ultimo;
 };
 
 struct RigaTabellaTasti {
@@ -57,8 +57,8 @@ struct AzioneTasto {
 
 // The group a key-down record belongs to: Ctrl wins over Alt (AltGr is
 // reported as right Alt plus left Ctrl), then plain keys.
-GruppoTasti GruppoDi(DWORD stato_controllo);
+GruppoTasti GruppoDi(piattaforma::win32::DWORD stato_controllo);
 
 // The first row of the record's group that matches it; NESSUNA_AZIONE when
 // none does (a key never falls through to another group).
-AzioneTasto CercaAzione(const KEY_EVENT_RECORD& tasto);
+AzioneTasto CercaAzione(const piattaforma::win32::KEY_EVENT_RECORD& tasto);

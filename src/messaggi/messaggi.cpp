@@ -2,6 +2,8 @@
 
 #include "piattaforma/piattaforma.h"
 
+using namespace piattaforma::win32;
+
 char messaggio[DIMENSIONE_MESSAGGIO];
 uint32_t InMessaggio;
 

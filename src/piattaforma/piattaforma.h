@@ -1,5 +1,5 @@
 // The one interface to the outside world: terminal or console, keyboard,
-// message boxes, tones, time, file viewer and process exit. Each platform
+// message boxes, tones, time, files, file viewer and process exit. Each platform
 // implements it in its own folder (posix, windows) and the in-memory backend
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
@@ -57,6 +57,28 @@ constexpr int RispostaPredefinita(unsigned stile) {
   }
 }
 
+// Choices of the user interface that the platform carries out but does not
+// make; the console installs its own at start-up. Until then the platform is
+// neutral: prefixes make no sound and only Enter (the first button) and Esc
+// (Cancel, or OK in a box without it) answer a message box. The Windows
+// console's own message box ignores the letters.
+struct TonoPrefisso {
+  uint32_t frequenza, durata;  // durata 0: silent
+};
+struct LetteraRisposta {
+  char lettera;  // upper case, as the key's virtual-key code
+  int risposta;  // IDYES, IDNO, IDCANCEL or IDOK; only where the box has that button
+};
+constexpr int MASSIMO_LETTERE_RISPOSTA = 8;
+struct PoliticaInterfaccia {
+  // The sticky key prefixes of terminals without the real chords.
+  TonoPrefisso tono_annullato{}, tono_alt{}, tono_ctrl{}, tono_ctrl_shift{};
+  int lettere = 0;
+  LetteraRisposta lettera[MASSIMO_LETTERE_RISPOSTA]{};
+};
+void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica);
+const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
+
 // A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
 // frequencies above hearing are pauses of the same length.
 void Suona(uint32_t frequenza, uint32_t durata);
@@ -67,6 +89,24 @@ struct DataOraUTC {
   int anno, mese, giorno, ora, minuto, secondo;
 };
 DataOraUTC OraUTC();
+
+// Files in the working directory. Every file the program writes is replaced
+// whole through SostituisciFile: the bytes go to a temporary file in the same
+// folder, are flushed to disk and renamed over the old one, so a reader or a
+// crash sees the old file or the new one, never a mix. False when the file
+// could not be written; the old file is then untouched.
+// (The temporary file is `nome` followed by ".tmp"; one left by a crash is
+// replaced at the next save.)
+bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
+// Up to `capienza` bytes from offset `inizio`: how many were read (0 at the
+// end), or -1 when the file cannot be opened or read.
+int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza);
+// Appends the bytes and flushes them to disk before returning (creating the
+// file when missing). False when not all of them were written.
+bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
+// Renames a file (replacing `nuovo` if it exists); removes a file. False on failure.
+bool RinominaFile(const char* vecchio, const char* nuovo);
+bool EliminaFile(const char* nome);
 
 // The command line that opens `file` in the viewer the system associates
 // with it, and running such a line (the screen is redrawn afterwards when the

@@ -1,6 +1,14 @@
 // Console input records and key codes in the Windows console's own form.
 // On Windows they come from the system headers; elsewhere the same names and
 // values are defined here, so one key table serves every platform.
+//
+// Elsewhere they live in namespace piattaforma::win32, not at global scope,
+// so that they cannot clash with other libraries' names. Code inside
+// namespace piattaforma sees them as they are; other code opens them with
+// `using namespace piattaforma::win32;` in its source files and names the
+// types as piattaforma::win32::WORD and so on in its headers. On Windows the
+// same lines compile: the types are also reachable through that namespace,
+// while the constants are the system's macros.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +21,19 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+
+namespace piattaforma::win32 {
+using ::BOOL;
+using ::CHAR;
+using ::DWORD;
+using ::INPUT_RECORD;
+using ::KEY_EVENT_RECORD;
+using ::WORD;
+}  // namespace piattaforma::win32
+
 #else
+
+namespace piattaforma::win32 {
 
 using WORD = uint16_t;
 using DWORD = uint32_t;
@@ -122,7 +142,15 @@ constexpr int IDCANCEL = 2;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 
+}  // namespace piattaforma::win32
+
 #endif
 
+namespace piattaforma::win32 {
 constexpr DWORD MASCHERA_CTRL = LEFT_CTRL_PRESSED | RIGHT_CTRL_PRESSED;  // 0x000C
 constexpr DWORD MASCHERA_ALT = LEFT_ALT_PRESSED | RIGHT_ALT_PRESSED;     // 0x0003
+}  // namespace piattaforma::win32
+
+namespace piattaforma {
+using namespace win32;
+}  // namespace piattaforma

@@ -11,6 +11,8 @@
 #include <unistd.h>
 #endif
 
+using namespace piattaforma::win32;
+
 namespace {
 
 class Avvio : public AmbienteConsole {

@@ -3,6 +3,8 @@
 #include "ambiente_console.h"
 #include "console/avvio.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 int Salvataggi = 0;

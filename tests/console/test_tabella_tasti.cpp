@@ -8,6 +8,8 @@
 
 #include "console/tabella_tasti.h"
 
+using namespace piattaforma::win32;
+
 namespace {
 
 KEY_EVENT_RECORD Tasto(WORD codice, DWORD stato = 0, char carattere = 0) {

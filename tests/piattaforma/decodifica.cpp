@@ -10,9 +10,14 @@
 #include <set>
 #include <string>
 
+#include "console/politica_interfaccia.h"
+
 namespace {
 
 using namespace piattaforma::terminale;
+using namespace piattaforma::win32;
+using piattaforma::PoliticaInterfaccia;
+using piattaforma::TonoPrefisso;
 
 constexpr DWORD CTRL = LEFT_CTRL_PRESSED;
 constexpr DWORD ALT = LEFT_ALT_PRESSED;
@@ -564,6 +569,34 @@ TEST_F(Prefissi, NelRiquadroEscECtrlXSonoTasti) {
   ASSERT_EQ(Dai(Carattere('s')), Esito::Evento);
   EXPECT_TRUE(Uguale(r, {'S', 0}));
   EXPECT_EQ(Dai(Carattere(0x1A)), Esito::Sospensione);
+}
+
+// The tone after each prefix step is the program's choice, heard through the
+// policy; the platform alone stays silent.
+TEST_F(Prefissi, ToniDeiPrefissiDallaPolitica) {
+  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
+  auto tono = [&] {
+    const TonoPrefisso t = TonoDelPrefisso(stato, politica);
+    return std::to_string(t.frequenza) + "/" + std::to_string(t.durata);
+  };
+  ASSERT_EQ(Dai(Carattere(27)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "1500/40");  // Alt
+  ASSERT_EQ(Dai(Carattere(27)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "500/60");  // cancelled
+  ASSERT_EQ(Dai(Carattere(0x18)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "1000/40");  // Ctrl
+  ASSERT_EQ(Dai(Carattere(0x18)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "1250/40");  // Ctrl+Shift
+  ASSERT_EQ(Dai(Carattere(0x18)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "500/60");  // a third Ctrl+X cancels
+  ASSERT_EQ(Dai(Carattere(27)), Esito::Prefisso);
+  ASSERT_EQ(Dai(Carattere(0x18)), Esito::Prefisso);
+  EXPECT_EQ(tono(), "1000/40");  // Ctrl over a pending Alt
+
+  const PoliticaInterfaccia neutra;
+  for (const TonoPrefisso& t :
+       {neutra.tono_annullato, neutra.tono_alt, neutra.tono_ctrl, neutra.tono_ctrl_shift})
+    EXPECT_EQ(t.durata, 0u);
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <string>
 
+#include "console/politica_interfaccia.h"
+#include "piattaforma/memoria/memoria.h"
 #include "piattaforma/testo.h"
 
 namespace {
@@ -28,7 +30,17 @@ std::string Riga(const char* testo, const Impaginazione& imp, int r) {
   return std::string(testo + imp.riga[r].inizio, imp.riga[r].lunghezza);
 }
 
-TEST(RispostaRiquadro, SiNoAnnulla) {
+// The boxes answer with the program's own letters, installed as at start-up.
+class RispostaRiquadro : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    memoria::Azzera();
+    InstallaPoliticaInterfaccia();
+  }
+  void TearDown() override { memoria::Azzera(); }
+};
+
+TEST_F(RispostaRiquadro, SiNoAnnulla) {
   const unsigned stile = MB_YESNOCANCEL;
   EXPECT_EQ(RispostaDaTasto(stile, Tasto('S')), IDYES);
   EXPECT_EQ(RispostaDaTasto(stile, Tasto('S', SHIFT_PRESSED)), IDYES);
@@ -41,7 +53,7 @@ TEST(RispostaRiquadro, SiNoAnnulla) {
   EXPECT_EQ(RispostaDaTasto(stile, Tasto(VK_F4)), 0);
 }
 
-TEST(RispostaRiquadro, SiNoSenzaAnnulla) {
+TEST_F(RispostaRiquadro, SiNoSenzaAnnulla) {
   const unsigned stile = MB_YESNO | MB_ICONQUESTION;
   EXPECT_EQ(RispostaDaTasto(stile, Tasto('S')), IDYES);
   EXPECT_EQ(RispostaDaTasto(stile, Tasto('Y')), IDYES);
@@ -52,7 +64,7 @@ TEST(RispostaRiquadro, SiNoSenzaAnnulla) {
   EXPECT_EQ(RispostaDaTasto(stile, Tasto(VK_ESCAPE)), 0);
 }
 
-TEST(RispostaRiquadro, SoloOK) {
+TEST_F(RispostaRiquadro, SoloOK) {
   const unsigned stile = MB_OK | MB_ICONINFORMATION;
   EXPECT_EQ(RispostaDaTasto(stile, Tasto(VK_RETURN)), IDOK);
   EXPECT_EQ(RispostaDaTasto(stile, Tasto(VK_ESCAPE)), IDOK);
@@ -61,14 +73,14 @@ TEST(RispostaRiquadro, SoloOK) {
   EXPECT_EQ(RispostaDaTasto(stile, Tasto('A')), 0);
 }
 
-TEST(RispostaRiquadro, OKAnnulla) {
+TEST_F(RispostaRiquadro, OKAnnulla) {
   EXPECT_EQ(RispostaDaTasto(MB_OKCANCEL, Tasto(VK_RETURN)), IDOK);
   EXPECT_EQ(RispostaDaTasto(MB_OKCANCEL, Tasto(VK_ESCAPE)), IDCANCEL);
   EXPECT_EQ(RispostaDaTasto(MB_OKCANCEL, Tasto('A')), IDCANCEL);
   EXPECT_EQ(RispostaDaTasto(MB_OKCANCEL, Tasto('S')), 0);
 }
 
-TEST(RispostaRiquadro, CtrlAltRilasciEAltriEventiNonRispondono) {
+TEST_F(RispostaRiquadro, CtrlAltRilasciEAltriEventiNonRispondono) {
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S', LEFT_CTRL_PRESSED)), 0);
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('N', LEFT_ALT_PRESSED)), 0);
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto(VK_RETURN, RIGHT_CTRL_PRESSED)), 0);
@@ -76,6 +88,47 @@ TEST(RispostaRiquadro, CtrlAltRilasciEAltriEventiNonRispondono) {
   INPUT_RECORD fuoco{};
   fuoco.EventType = FOCUS_EVENT;
   EXPECT_EQ(RispostaDaTasto(MB_OK, fuoco), 0);
+}
+
+TEST(RispostaRiquadroNeutra, SenzaPoliticaSoloInvioEdEsc) {
+  const PoliticaInterfaccia neutra;
+  EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(VK_RETURN), neutra), IDYES);
+  EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(VK_ESCAPE), neutra), IDCANCEL);
+  EXPECT_EQ(RispostaDaTasto(MB_OK, Tasto(VK_ESCAPE), neutra), IDOK);
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto(VK_ESCAPE), neutra), 0);
+  for (char lettera = 'A'; lettera <= 'Z'; ++lettera) {
+    EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(static_cast<WORD>(lettera)), neutra), 0)
+        << lettera;
+    EXPECT_EQ(RispostaDaTasto(MB_OKCANCEL, Tasto(static_cast<WORD>(lettera)), neutra), 0)
+        << lettera;
+  }
+}
+
+TEST(RispostaRiquadroNeutra, LaPiattaformaPartNeutraEAzzeraTornaNeutra) {
+  memoria::Azzera();
+  EXPECT_EQ(PoliticaInterfacciaAttuale().lettere, 0);
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);
+  InstallaPoliticaInterfaccia();
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), IDYES);
+  memoria::Azzera();
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);
+}
+
+TEST(RispostaRiquadroNeutra, LettereDiUnAltraPolitica) {
+  PoliticaInterfaccia politica;
+  politica.lettere = 3;
+  politica.lettera[0] = {'J', IDYES};
+  politica.lettera[1] = {'O', IDOK};
+  // The same letter for two answers: the one the box has wins.
+  politica.lettera[2] = {'J', IDNO};
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('J'), politica), IDYES);
+  EXPECT_EQ(RispostaDaTasto(MB_OK, Tasto('O'), politica), IDOK);
+  EXPECT_EQ(RispostaDaTasto(MB_OK, Tasto('J'), politica), 0);
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S'), politica), 0);
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('J', LEFT_ALT_PRESSED), politica), 0);
+  // A count beyond the array is not read past its end.
+  politica.lettere = 1000;
+  EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('J'), politica), IDYES);
 }
 
 TEST(ImpaginaRiquadro, TestoCortoCentratoConPulsanti) {

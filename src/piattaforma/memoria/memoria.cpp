@@ -1,9 +1,13 @@
 // The platform in memory, for tests: nothing here touches a terminal.
 #include "piattaforma/memoria/memoria.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <deque>
+#include <limits>
+#include <map>
+#include <utility>
 
 #include "piattaforma/testo.h"
 
@@ -40,6 +44,11 @@ struct Stato {
   std::vector<std::string> comandi;
   uint64_t millisecondi = 0;
   piattaforma::DataOraUTC ora{2000, 1, 1, 0, 0, 0};
+  std::map<std::string, std::string> file;
+  size_t capienza_file = std::numeric_limits<size_t>::max();
+  bool sola_lettura = false;
+  size_t scritture = 0;
+  piattaforma::PoliticaInterfaccia politica;
 };
 
 Stato& S() {
@@ -54,6 +63,19 @@ Stato& S() {
 bool SulloSchermo(int x, int y) {
   return x >= 0 && x < COLONNE_SCHERMO && y >= 0 && y < RIGHE_SCHERMO;
 }
+
+size_t ByteUsati() {
+  size_t usati = 0;
+  for (const auto& [nome, contenuto] : S().file) usati += contenuto.size();
+  return usati;
+}
+
+size_t ByteLiberi() {
+  const size_t usati = ByteUsati();
+  return usati < S().capienza_file ? S().capienza_file - usati : 0;
+}
+
+bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
 
 }  // namespace
 
@@ -108,6 +130,19 @@ void AvanzaMillisecondi(uint64_t ms) { S().millisecondi += ms; }
 void ImpostaOraUTC(piattaforma::DataOraUTC ora) { S().ora = ora; }
 const std::vector<int64_t>& Attese() { return S().attese; }
 const std::vector<std::string>& ComandiVisualizzatore() { return S().comandi; }
+
+void ImpostaFile(const std::string& nome, const std::string& contenuto) {
+  S().file[nome] = contenuto;
+}
+bool EsisteFile(const std::string& nome) { return S().file.count(nome) > 0; }
+std::string ContenutoFile(const std::string& nome) {
+  const auto trovato = S().file.find(nome);
+  return trovato == S().file.end() ? std::string() : trovato->second;
+}
+void RimuoviFile(const std::string& nome) { S().file.erase(nome); }
+void ImpostaCapienzaFile(size_t byte) { S().capienza_file = byte; }
+void ImpostaSolaLettura(bool sola_lettura) { S().sola_lettura = sola_lettura; }
+size_t ScrittureFile() { return S().scritture; }
 
 }  // namespace memoria
 
@@ -173,6 +208,55 @@ void EseguiComandoVisualizzatore(const char* comando) {
   if (comando == nullptr || comando[0] == 0) return;
   S().comandi.emplace_back(comando);
 }
+
+bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
+  ++S().scritture;
+  if (!memoria::NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  if (S().sola_lettura || lunghezza > memoria::ByteLiberi()) return false;
+  S().file[nome].assign(dati ? dati : "", lunghezza);
+  return true;
+}
+
+int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
+  if (!memoria::NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  const auto trovato = S().file.find(nome);
+  if (trovato == S().file.end()) return -1;
+  const std::string& contenuto = trovato->second;
+  if (inizio >= contenuto.size()) return 0;
+  const size_t da = static_cast<size_t>(inizio);
+  const size_t letti = std::min(capienza, contenuto.size() - da);
+  std::memcpy(destinazione, contenuto.data() + da, letti);
+  return static_cast<int64_t>(letti);
+}
+
+bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
+  ++S().scritture;
+  if (!memoria::NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  if (S().sola_lettura) return false;
+  const size_t scritti = std::min(lunghezza, memoria::ByteLiberi());
+  S().file[nome].append(dati ? dati : "", scritti);
+  return scritti == lunghezza;
+}
+
+bool RinominaFile(const char* vecchio, const char* nuovo) {
+  if (!memoria::NomeValido(vecchio) || !memoria::NomeValido(nuovo) || S().sola_lettura)
+    return false;
+  const auto trovato = S().file.find(vecchio);
+  if (trovato == S().file.end()) return false;
+  if (trovato->first == nuovo) return true;
+  std::string contenuto = std::move(trovato->second);
+  S().file.erase(trovato);
+  S().file[nuovo] = std::move(contenuto);
+  return true;
+}
+
+bool EliminaFile(const char* nome) {
+  if (!memoria::NomeValido(nome) || S().sola_lettura) return false;
+  return S().file.erase(nome) > 0;
+}
+
+void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }
+const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return S().politica; }
 
 void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
 

@@ -1,6 +1,7 @@
 // Controls of the in-memory backend, for tests: an 80 x 44 grid of cells with
 // a cursor, scripted key records and message-box answers, recorded boxes,
-// tones and viewer requests, a settable monotonic clock and calendar time.
+// tones and viewer requests, a settable monotonic clock and calendar time,
+// and a store of files that can fill up or turn read-only.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,10 @@
 
 namespace memoria {
 
-// Everything back to a blank screen, empty queues, clock at 0.
+using namespace piattaforma::win32;
+
+// Everything back to a blank screen, empty queues, clock at 0, no files and
+// no limits on them, the neutral interface policy.
 void Azzera();
 
 // The screen follows the console: '\b' one column left (not past the
@@ -64,6 +68,24 @@ const std::vector<int64_t>& Attese();
 // Command lines run by EseguiComandoVisualizzatore; ComponiComandoVisualizzatore
 // composes "start <file>".
 const std::vector<std::string>& ComandiVisualizzatore();
+
+// Files: a map from name to bytes. Names are taken as they are (no folders,
+// no case folding). These controls bypass the limits below and do not count
+// as writes.
+void ImpostaFile(const std::string& nome, const std::string& contenuto);
+bool EsisteFile(const std::string& nome);
+std::string ContenutoFile(const std::string& nome);  // empty when missing
+void RimuoviFile(const std::string& nome);
+// A full disk: the bytes of all files together may not pass `byte`. As on a
+// disk, SostituisciFile needs room for the new bytes beside the old file
+// (its temporary file), and fails as a whole leaving the old file as it
+// was; AccodaAlFile writes what fits and then fails.
+void ImpostaCapienzaFile(size_t byte);
+// A read-only disk: every call that changes a file (replace, append, rename,
+// remove) fails and changes nothing.
+void ImpostaSolaLettura(bool sola_lettura);
+// Calls of SostituisciFile and AccodaAlFile since Azzera, failed ones too.
+size_t ScrittureFile();
 
 // Thrown by TerminaProcesso so that a test can see the program end.
 struct UscitaProcesso {

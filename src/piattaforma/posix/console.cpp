@@ -1,10 +1,10 @@
 // The terminal through ncurses: taking and giving back the terminal, the
-// screen pad, the size check, signals and suspension.
+// screen pad, the size check, suspension and the wait for input. The signals
+// behind them are in segnali.cpp.
 #ifndef NCURSES_WIDECHAR
 #define NCURSES_WIDECHAR 1
 #endif
 #include <curses.h>
-#include <fcntl.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -12,7 +12,6 @@
 
 #include <cerrno>
 #include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -21,6 +20,7 @@
 
 #include "piattaforma/piattaforma.h"
 #include "piattaforma/posix/riquadro.h"
+#include "piattaforma/posix/segnali.h"
 #include "piattaforma/posix/terminale.h"
 #include "piattaforma/testo.h"
 
@@ -31,8 +31,6 @@ Video video;
 namespace {
 
 SCREEN* sessione = nullptr;
-termios modi_originali;
-bool modi_salvati = false;
 
 // Requests only xterm-like terminals understand; the Linux console would
 // print some of them as text.
@@ -44,17 +42,6 @@ constexpr char RIPRISTINA_TITOLO[] = "\033[23;2t";
 char titolo_chiesto[256];
 bool titolo_impostato = false;
 bool dimensioni_chieste = false;
-
-// Written by the fatal-signal handler: everything that puts the terminal
-// back, composed while it was still safe to do so.
-char ripristino[512];
-size_t lunghezza_ripristino = 0;
-
-volatile sig_atomic_t segnale_ridimensiona = 0;
-volatile sig_atomic_t segnale_sospendi = 0;
-volatile sig_atomic_t segnale_ripresa = 0;
-// Self-pipe: a signal wakes the wait on the terminal without a race.
-int sveglia[2] = {-1, -1};
 
 void Invia(const char* testo) {
   if (testo == nullptr) return;
@@ -71,75 +58,9 @@ void Invia(const char* testo) {
   }
 }
 
-void Sveglia() {
-  if (sveglia[1] < 0) return;
-  const int errno_salvato = errno;
-  const char c = 0;
-  [[maybe_unused]] const ssize_t scritti = write(sveglia[1], &c, 1);
-  errno = errno_salvato;
-}
-
-void AlRidimensionamento(int) {
-  segnale_ridimensiona = 1;
-  Sveglia();
-}
-void AllaSospensione(int) {
-  segnale_sospendi = 1;
-  Sveglia();
-}
-void AllaRipresa(int) {
-  segnale_ripresa = 1;
-  Sveglia();
-}
-
-// The dispositions found at start, put back when the terminal is given back
-// and before a fatal signal is raised again (so that a sanitizer or a core
-// dump still sees it).
-constexpr int segnali_gestiti[] = {SIGWINCH, SIGTSTP, SIGCONT, SIGHUP, SIGINT, SIGQUIT,
-                                   SIGTERM,  SIGILL,  SIGABRT, SIGBUS, SIGFPE, SIGSEGV};
-constexpr int NUMERO_SEGNALI_GESTITI = sizeof segnali_gestiti / sizeof segnali_gestiti[0];
-struct sigaction azioni_precedenti[NUMERO_SEGNALI_GESTITI];
-
-int IndiceSegnale(int segnale) {
-  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
-    if (segnali_gestiti[i] == segnale) return i;
-  return -1;
-}
-
-void AlSegnaleFatale(int segnale) {
-  if (lunghezza_ripristino > 0) {
-    [[maybe_unused]] const ssize_t scritti = write(STDOUT_FILENO, ripristino, lunghezza_ripristino);
-  }
-  if (modi_salvati) tcsetattr(STDIN_FILENO, TCSANOW, &modi_originali);
-  const int i = IndiceSegnale(segnale);
-  if (i >= 0) sigaction(segnale, &azioni_precedenti[i], nullptr);
-  raise(segnale);
-}
-
-void Installa(int segnale, void (*gestore)(int)) {
-  struct sigaction azione {};
-  azione.sa_handler = gestore;
-  sigemptyset(&azione.sa_mask);
-  azione.sa_flags = 0;
-  sigaction(segnale, &azione, nullptr);
-}
-
-void InstallaGestori() {
-  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
-    sigaction(segnali_gestiti[i], nullptr, &azioni_precedenti[i]);
-  Installa(SIGWINCH, AlRidimensionamento);
-  Installa(SIGTSTP, AllaSospensione);
-  Installa(SIGCONT, AllaRipresa);
-  for (int i = 3; i < NUMERO_SEGNALI_GESTITI; ++i) {
-    // A signal ignored from outside (nohup) stays ignored.
-    if (azioni_precedenti[i].sa_handler != SIG_IGN) Installa(segnali_gestiti[i], AlSegnaleFatale);
-  }
-}
-
-void TogliGestori() {
-  for (int i = 0; i < NUMERO_SEGNALI_GESTITI; ++i)
-    sigaction(segnali_gestiti[i], &azioni_precedenti[i], nullptr);
-}
+// What the fatal-signal handler writes to put the terminal back.
+char ripristino[512];
+size_t lunghezza_ripristino = 0;
 
 // Appends a terminfo string without its padding marks ("$<5>").
 void AggiungiAlRipristino(const char* capacita) {
@@ -165,6 +86,7 @@ void ComponiRipristino() {
   for (const char* nome : {"rmkx", "sgr0", "cnorm", "rmcup"})
     AggiungiAlRipristino(tigetstr(const_cast<char*>(nome)));
   AggiungiAlRipristino("\r\n");
+  ImpostaRipristino(ripristino, lunghezza_ripristino);
 }
 
 bool TerminaleSemplice() {
@@ -277,15 +199,7 @@ void RiprendiTerminale() {
 void Sospendi() {
   if (!video.aperto) return;
   RilasciaTerminale();
-  signal(SIGTSTP, SIG_DFL);
-  sigset_t tstp;
-  sigemptyset(&tstp);
-  sigaddset(&tstp, SIGTSTP);
-  sigprocmask(SIG_UNBLOCK, &tstp, nullptr);
-  raise(SIGTSTP);
-  // Here again after fg.
-  Installa(SIGTSTP, AllaSospensione);
-  segnale_ripresa = 0;
+  FermaProcesso();
   RiprendiTerminale();
 }
 
@@ -293,28 +207,22 @@ void EseguiNelTerminale(const char* comando) {
   RilasciaTerminale();
   // Ctrl+Z in the pager stops the whole job, this program with it, as the
   // shell expects; fg continues both.
-  signal(SIGTSTP, SIG_DFL);
+  LasciaSospensioneAlSistema();
   [[maybe_unused]] const int esito = std::system(comando);
-  Installa(SIGTSTP, AllaSospensione);
-  segnale_ripresa = 0;
+  RiprendiSospensione();
   RiprendiTerminale();
 }
 
 void GestisciSegnali() {
   if (!video.aperto) return;
-  if (segnale_sospendi) {
-    segnale_sospendi = 0;
-    Sospendi();
-  }
-  if (segnale_ripresa) {
+  if (PrendiSospensione()) Sospendi();
+  if (PrendiRipresa()) {
     // Stopped from outside and continued: the shell may have changed the
     // terminal's modes meanwhile.
-    segnale_ripresa = 0;
     RilasciaTerminale();
     RiprendiTerminale();
   }
-  if (segnale_ridimensiona) {
-    segnale_ridimensiona = 0;
+  if (PrendiRidimensionamento()) {
     ControllaDimensioni();
     Aggiorna();
   }
@@ -322,17 +230,13 @@ void GestisciSegnali() {
 
 Attesa AttendiTerminale(int64_t millisecondi) {
   if (!video.aperto) return Attesa::Scaduto;
-  if (segnale_ridimensiona || segnale_sospendi || segnale_ripresa) return Attesa::Pronto;
-  pollfd attese[2] = {{STDIN_FILENO, POLLIN, 0}, {sveglia[0], POLLIN, 0}};
+  if (SegnaliInAttesa()) return Attesa::Pronto;
+  pollfd attese[2] = {{STDIN_FILENO, POLLIN, 0}, {SvegliaDaAttendere(), POLLIN, 0}};
   int limite = -1;
   if (millisecondi >= 0)
     limite = millisecondi > 1000000000 ? 1000000000 : static_cast<int>(millisecondi);
   const int pronti = poll(attese, 2, limite);
-  if (attese[1].revents & POLLIN) {
-    char scarto[64];
-    while (read(sveglia[0], scarto, sizeof scarto) > 0) {
-    }
-  }
+  if (attese[1].revents & POLLIN) SvuotaSveglia();
   if (pronti <= 0) return Attesa::Scaduto;
   if ((attese[0].revents & (POLLHUP | POLLERR | POLLNVAL)) && !(attese[0].revents & POLLIN))
     return Attesa::Chiuso;
@@ -355,7 +259,8 @@ void ApriConsole() {
   }
   // Wide characters for "Sì"; numbers keep the C locale's format.
   std::setlocale(LC_CTYPE, "");
-  terminale::modi_salvati = tcgetattr(STDIN_FILENO, &terminale::modi_originali) == 0;
+  termios modi;
+  if (tcgetattr(STDIN_FILENO, &modi) == 0) terminale::RicordaModiOriginali(modi);
   static bool chiusura_registrata = false;
   if (!chiusura_registrata) {
     // Whatever way the program ends, the shell gets its terminal back.
@@ -363,12 +268,7 @@ void ApriConsole() {
     chiusura_registrata = true;
   }
   // Our handlers first, so that ncurses leaves these signals to us.
-  if (terminale::sveglia[0] < 0 && pipe(terminale::sveglia) == 0) {
-    for (int fd : terminale::sveglia) {
-      fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) | O_NONBLOCK);
-      fcntl(fd, F_SETFD, FD_CLOEXEC);
-    }
-  }
+  terminale::ApriSveglia();
   terminale::InstallaGestori();
 
   terminale::sessione = newterm(nullptr, stdout, stdin);
@@ -416,7 +316,7 @@ void ChiudiConsole() {
   terminale::sessione = nullptr;
   video.aperto = false;
   terminale::TogliGestori();
-  terminale::lunghezza_ripristino = 0;
+  terminale::ImpostaRipristino(nullptr, 0);
 }
 
 void ImpostaTitolo(const char* titolo) {

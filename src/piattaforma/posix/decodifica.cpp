@@ -528,4 +528,11 @@ Esito Decodifica(StatoDecodifica& stato, const Ingresso& ingresso, INPUT_RECORD&
   return Esito::Evento;
 }
 
+TonoPrefisso TonoDelPrefisso(const StatoDecodifica& stato, const PoliticaInterfaccia& politica) {
+  if (stato.prefisso_ctrl == 2) return politica.tono_ctrl_shift;
+  if (stato.prefisso_ctrl == 1) return politica.tono_ctrl;
+  if (stato.prefisso_alt) return politica.tono_alt;
+  return politica.tono_annullato;
+}
+
 }  // namespace piattaforma::terminale

@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "piattaforma/piattaforma.h"
 #include "piattaforma/tasti.h"
 
 namespace piattaforma::terminale {
@@ -47,6 +48,10 @@ struct StatoDecodifica {
 };
 
 Esito Decodifica(StatoDecodifica& stato, const Ingresso& ingresso, INPUT_RECORD& evento);
+
+// The tone of `politica` for the prefix state that Decodifica just left
+// (Esito::Prefisso): Ctrl+Shift, Ctrl, Alt, or the one for a cancelled prefix.
+TonoPrefisso TonoDelPrefisso(const StatoDecodifica& stato, const PoliticaInterfaccia& politica);
 
 // A key as the Windows console reports it, before the prefixes apply.
 struct Tasto {

@@ -145,33 +145,28 @@ void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Imp
   }
 }
 
-int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento) {
+int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
+                    const PoliticaInterfaccia& politica) {
   if (evento.EventType != KEY_EVENT || !evento.Event.KeyEvent.bKeyDown) return 0;
   const KEY_EVENT_RECORD& tasto = evento.Event.KeyEvent;
   if (tasto.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) return 0;
   int risposta[MASSIMO_PULSANTI] = {};
   const int pulsanti = PulsantiDelloStile(stile, risposta);
-  int cercata = 0;
-  switch (tasto.wVirtualKeyCode) {
-    case VK_RETURN:
-      return risposta[0];
-    case 'S':
-    case 'Y':
-      cercata = IDYES;
-      break;
-    case 'N':
-      cercata = IDNO;
-      break;
-    case 'A':
-      cercata = IDCANCEL;
-      break;
-    case VK_ESCAPE:
-      cercata = pulsanti == 1 ? IDOK : IDCANCEL;
-      break;
-    default:
-      return 0;
+  if (tasto.wVirtualKeyCode == VK_RETURN) return risposta[0];
+  if (tasto.wVirtualKeyCode == VK_ESCAPE) {
+    const int cercata = pulsanti == 1 ? IDOK : IDCANCEL;
+    return HaPulsante(risposta, pulsanti, cercata) ? cercata : 0;
   }
-  return HaPulsante(risposta, pulsanti, cercata) ? cercata : 0;
+  const int lettere =
+      politica.lettere < MASSIMO_LETTERE_RISPOSTA ? politica.lettere : MASSIMO_LETTERE_RISPOSTA;
+  for (int i = 0; i < lettere; ++i) {
+    const LetteraRisposta& lettera = politica.lettera[i];
+    // The first letter of the key that the box has a button for answers.
+    if (lettera.lettera != 0 && tasto.wVirtualKeyCode == static_cast<WORD>(lettera.lettera) &&
+        HaPulsante(risposta, pulsanti, lettera.risposta))
+      return lettera.risposta;
+  }
+  return 0;
 }
 
 void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione) {

@@ -51,10 +51,11 @@ const char* EtichettaPulsante(int risposta);
 int LarghezzaPulsante(int risposta);
 
 // The answer that a key gives in a box of `stile`, or 0 when it gives none:
-// S or Y for Sì, N for No, A or Esc for Annulla where the box has it, Enter
-// for the first button, Enter or Esc for OK. Keys with Ctrl or Alt answer
-// nothing.
-int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento);
+// Enter for the first button, Esc for Annulla where the box has it and for
+// OK in a box with only OK, and the letters of `politica` for their buttons
+// where the box has them. Keys with Ctrl or Alt answer nothing.
+int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
+                    const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
 // The line shown while the terminal is smaller than 80 x 44, written into
 // `uscita` (at least `dimensione` bytes): the longest of its forms that fits

@@ -23,21 +23,9 @@ INPUT_RECORD coda[CAPIENZA_CODA];
 int testa_coda = 0, eventi_in_coda = 0;
 StatoDecodifica stato_principale;
 
-// Tones of the sticky prefixes, so that a blind user hears which is set.
-struct TonoDiPrefisso {
-  uint32_t frequenza, durata;
-};
-constexpr TonoDiPrefisso tono_annullato{500, 60};
-constexpr TonoDiPrefisso tono_alt{1500, 40};
-constexpr TonoDiPrefisso tono_ctrl[2] = {{1000, 40}, {1250, 40}};
-
 void SuonaPrefisso(const StatoDecodifica& stato) {
-  TonoDiPrefisso tono = tono_annullato;
-  if (stato.prefisso_ctrl != 0)
-    tono = tono_ctrl[stato.prefisso_ctrl - 1];
-  else if (stato.prefisso_alt)
-    tono = tono_alt;
-  Suona(tono.frequenza, tono.durata);
+  const TonoPrefisso tono = TonoDelPrefisso(stato, PoliticaInterfacciaAttuale());
+  if (tono.durata > 0) Suona(tono.frequenza, tono.durata);
 }
 
 // A key code of ncurses as decoder input; the sequence, when it is one of

@@ -20,6 +20,10 @@ namespace {
 // input, no echo, so Ctrl+C, Enter and Backspace arrive as key records.
 constexpr DWORD MODO_INGRESSO = 24;
 
+// Kept for the program to read back: MessageBoxA answers with its own keys
+// and there are no sticky prefixes to sound.
+PoliticaInterfaccia politica;
+
 }  // namespace
 
 void ApriConsole() {
@@ -91,6 +95,9 @@ void Suona(uint32_t frequenza, uint32_t durata) {
   }
   Beep(frequenza, durata);
 }
+
+void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& nuova) { politica = nuova; }
+const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return politica; }
 
 uint64_t Millisecondi() { return GetTickCount64(); }
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "console/politica_interfaccia.h"
 #include "piattaforma/piattaforma.h"
 
 using namespace piattaforma;
@@ -21,6 +22,8 @@ void ScriviRiga(int y, const char* testo) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // The program's own prefix tones and answer letters, as the script expects.
+  InstallaPoliticaInterfaccia();
   ImpostaTitolo("Prova1.0");
   ApriConsole();
   DimensionaFinestra();

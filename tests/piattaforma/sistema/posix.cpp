@@ -1,9 +1,14 @@
 // The POSIX backend without a terminal: viewer command lines that the shell
 // runs as meant, quiet tones with no sound card, the fallbacks of a program
-// that has not taken the terminal, and key names across terminal types.
+// that has not taken the terminal, key names across terminal types, and
+// files whose writing fails on the way.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +16,7 @@
 #include <sstream>
 #include <string>
 
+#include "cartella_prova.h"
 #include "piattaforma/piattaforma.h"
 #include "piattaforma/posix/decodifica.h"
 
@@ -202,5 +208,151 @@ TEST(SistemaPosix, NomiDeiTastiUgualiFraTipiDiTerminale) {
   RecordProperty("casi", provati);
   RecordProperty("codici_kDC5", numeri_kdc5);
 }
+
+// --- Files -----------------------------------------------------------------
+
+using prova::CartellaProva;
+using prova::Contenuto;
+using prova::Esiste;
+
+bool Sostituisci(const std::string& nome, const std::string& dati) {
+  return SostituisciFile(nome.c_str(), dati.data(), dati.size());
+}
+
+// Files of this process may not grow past `byte` while it lives, and going
+// past the limit makes write() fail (EFBIG) instead of killing the process.
+class LimiteDimensioneFile {
+ public:
+  explicit LimiteDimensioneFile(rlim_t byte) {
+    getrlimit(RLIMIT_FSIZE, &prima_);
+    rlimit nuovo = prima_;
+    nuovo.rlim_cur =
+        prima_.rlim_max == RLIM_INFINITY || byte < prima_.rlim_max ? byte : prima_.rlim_max;
+    struct sigaction ignora {};
+    ignora.sa_handler = SIG_IGN;
+    sigemptyset(&ignora.sa_mask);
+    sigaction(SIGXFSZ, &ignora, &segnale_prima_);
+    attivo_ = setrlimit(RLIMIT_FSIZE, &nuovo) == 0;
+  }
+  ~LimiteDimensioneFile() {
+    setrlimit(RLIMIT_FSIZE, &prima_);
+    sigaction(SIGXFSZ, &segnale_prima_, nullptr);
+  }
+  bool Attivo() const { return attivo_; }
+
+ private:
+  rlimit prima_{};
+  struct sigaction segnale_prima_ {};
+  bool attivo_ = false;
+};
+
+std::string Sequenza(size_t lunghezza) {
+  std::string dati(lunghezza, '\0');
+  for (size_t i = 0; i < lunghezza; ++i) dati[i] = static_cast<char>('a' + i % 26);
+  return dati;
+}
+
+// The disk refuses more bytes in the middle of writing the new file: the
+// save fails and the old file is whole, with no temporary file left over.
+TEST(FileSistemaPosix, ScritturaInterrottaAMetaLasciaIlVecchioFile) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn");
+  const std::string vecchia = "[Event \"vecchia\"]\n1. e4 e5\n";
+  prova::Scrivi(nome, vecchia);
+  const std::string nuova = Sequenza(64 * 1024);
+  bool salvato = true, accodato = true;
+  {
+    LimiteDimensioneFile limite(16 * 1024);
+    ASSERT_TRUE(limite.Attivo());
+    salvato = Sostituisci(nome, nuova);
+    // The same limit lets an append write its first 16 KiB and then stop:
+    // the failure above really came halfway through the bytes.
+    accodato = AccodaAlFile(cartella.Nome("registro").c_str(), nuova.data(), nuova.size());
+  }
+  EXPECT_FALSE(salvato);
+  EXPECT_EQ(Contenuto(nome), vecchia);
+  EXPECT_FALSE(Esiste(nome + ".tmp"));
+  EXPECT_FALSE(accodato);
+  EXPECT_EQ(Contenuto(cartella.Nome("registro")), nuova.substr(0, 16 * 1024));
+  // With the limit gone the same save goes through.
+  EXPECT_TRUE(Sostituisci(nome, nuova));
+  EXPECT_EQ(Contenuto(nome), nuova);
+}
+
+// A folder that cannot be written: no temporary file can be made there. A
+// process that ignores permissions (root) meets a folder in the temporary
+// file's place instead, a failure that no privilege overrides.
+TEST(FileSistemaPosix, CartellaInSolaLetturaNonToccaIlVecchioFile) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn");
+  prova::Scrivi(nome, "vecchia");
+  ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0555), 0);
+  const std::string sonda = cartella.Nome("sonda");
+  const int fd = open(sonda.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+  const bool permessi_ignorati = fd >= 0;
+  if (permessi_ignorati) {
+    close(fd);
+    unlink(sonda.c_str());
+    ASSERT_EQ(mkdir((nome + ".tmp").c_str(), 0755), 0);
+    RecordProperty("guasto", "folder in the temporary file's place (permissions ignored)");
+  } else {
+    RecordProperty("guasto", "read-only folder");
+  }
+  EXPECT_FALSE(Sostituisci(nome, "nuova"));
+  EXPECT_EQ(Contenuto(nome), "vecchia");
+  if (!permessi_ignorati) {
+    EXPECT_FALSE(Esiste(nome + ".tmp"));
+    EXPECT_FALSE(RinominaFile(nome.c_str(), cartella.Nome("altra.pgn").c_str()));
+    EXPECT_FALSE(EliminaFile(nome.c_str()));
+    EXPECT_FALSE(AccodaAlFile(cartella.Nome("nuovo").c_str(), "x", 1));
+    EXPECT_FALSE(Esiste(cartella.Nome("nuovo")));
+  }
+  chmod(cartella.Percorso().c_str(), 0755);
+  EXPECT_EQ(Contenuto(nome), "vecchia");
+}
+
+TEST(FileSistemaPosix, CartellaAlPostoDelTemporaneo) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn");
+  prova::Scrivi(nome, "vecchia");
+  ASSERT_EQ(mkdir((nome + ".tmp").c_str(), 0755), 0);
+  prova::Scrivi(nome + ".tmp/dentro", "resta");
+  EXPECT_FALSE(Sostituisci(nome, "nuova"));
+  EXPECT_EQ(Contenuto(nome), "vecchia");
+  EXPECT_EQ(Contenuto(nome + ".tmp/dentro"), "resta");
+}
+
+// A link in the temporary file's place is not followed: its target keeps
+// its bytes and the save goes through.
+TEST(FileSistemaPosix, CollegamentoAlPostoDelTemporaneoNonSeguito) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn"), vittima = cartella.Nome("vittima");
+  prova::Scrivi(nome, "vecchia");
+  prova::Scrivi(vittima, "intatta");
+  ASSERT_EQ(symlink(vittima.c_str(), (nome + ".tmp").c_str()), 0);
+  EXPECT_TRUE(Sostituisci(nome, "nuova"));
+  EXPECT_EQ(Contenuto(nome), "nuova");
+  EXPECT_EQ(Contenuto(vittima), "intatta");
+  EXPECT_FALSE(Esiste(nome + ".tmp"));
+}
+
+TEST(FileSistemaPosix, IlNuovoFileTieneIPermessiDelVecchio) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn");
+  prova::Scrivi(nome, "vecchia");
+  ASSERT_EQ(chmod(nome.c_str(), 0640), 0);
+  ASSERT_TRUE(Sostituisci(nome, "nuova"));
+  struct stat stato {};
+  ASSERT_EQ(stat(nome.c_str(), &stato), 0);
+  EXPECT_EQ(stato.st_mode & 07777, 0640u);
+}
+
+#ifdef __linux__
+// /dev/full answers every write with "no space left on device".
+TEST(FileSistemaPosix, DiscoPienoAccodaFallisce) {
+  ASSERT_EQ(access("/dev/full", W_OK), 0);
+  EXPECT_FALSE(AccodaAlFile("/dev/full", "1. e4\n", 6));
+}
+#endif
 
 }  // namespace

@@ -1,0 +1,11 @@
+// The user-interface choices that the platform carries out for the program:
+// the tone of each sticky key prefix and the letters that answer a message
+// box.
+#pragma once
+
+#include "piattaforma/piattaforma.h"
+
+piattaforma::PoliticaInterfaccia PoliticaInterfacciaPendrino();
+// Hands PoliticaInterfacciaPendrino() to the platform; called at start-up,
+// before the first key is read. Calling it again changes nothing.
+void InstallaPoliticaInterfaccia();

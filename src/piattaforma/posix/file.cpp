@@ -1,0 +1,169 @@
+// Files: whole replacement through a temporary file and a rename, appends
+// that reach the disk before the call returns.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <string>
+
+#include "piattaforma/piattaforma.h"
+
+namespace piattaforma {
+
+namespace {
+
+bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
+
+int Apri(const char* nome, int modo) {
+  int fd;
+  do {
+    fd = open(nome, modo | O_CLOEXEC, 0666);
+  } while (fd < 0 && errno == EINTR);
+  return fd;
+}
+
+void Chiudi(int fd) {
+  // Retrying close after EINTR could close a descriptor another thread just
+  // received; the data were already synced when it matters.
+  if (fd >= 0) close(fd);
+}
+
+// Writes every byte, through interruptions and short writes; false on the
+// first error (the bytes before it stay written).
+bool ScriviTutto(int fd, const char* dati, size_t lunghezza) {
+  while (lunghezza > 0) {
+    const size_t passo = lunghezza < (size_t{1} << 30) ? lunghezza : (size_t{1} << 30);
+    const ssize_t scritti = write(fd, dati, passo);
+    if (scritti < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    if (scritti == 0) return false;  // no room and no error: nothing would ever move
+    dati += scritti;
+    lunghezza -= static_cast<size_t>(scritti);
+  }
+  return true;
+}
+
+bool Sincronizza(int fd, bool solo_dati) {
+  int esito;
+  do {
+#ifdef __APPLE__
+    (void)solo_dati;
+    esito = fsync(fd);
+#else
+    esito = solo_dati ? fdatasync(fd) : fsync(fd);
+#endif
+  } while (esito != 0 && errno == EINTR);
+  return esito == 0;
+}
+
+std::string CartellaDi(const char* nome) {
+  const char* barra = std::strrchr(nome, '/');
+  if (barra == nullptr) return ".";
+  if (barra == nome) return "/";
+  return std::string(nome, static_cast<size_t>(barra - nome));
+}
+
+// Makes a created, renamed or removed name durable. Some file systems refuse
+// fsync on a folder; the change itself has happened by then, so the answer
+// is not turned into a failure.
+void SincronizzaCartella(const std::string& cartella) {
+  const int fd = Apri(cartella.c_str(), O_RDONLY | O_DIRECTORY);
+  if (fd < 0) return;
+  Sincronizza(fd, false);
+  Chiudi(fd);
+}
+
+}  // namespace
+
+bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  const std::string temporaneo = std::string(nome) + ".tmp";
+  // A leftover of an interrupted save goes; a link in its place is removed,
+  // never followed, and anything else there (a folder) makes the save fail.
+  unlink(temporaneo.c_str());
+  const int fd = Apri(temporaneo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+  if (fd < 0) return false;
+  // The new file keeps the old one's permissions.
+  struct stat vecchio {};
+  if (stat(nome, &vecchio) == 0 && S_ISREG(vecchio.st_mode)) fchmod(fd, vecchio.st_mode & 07777);
+  bool riuscito = ScriviTutto(fd, dati, lunghezza) && Sincronizza(fd, false);
+  // Some file systems report a failed write only at close.
+  if (close(fd) != 0 && errno != EINTR) riuscito = false;
+  if (riuscito) riuscito = rename(temporaneo.c_str(), nome) == 0;
+  if (!riuscito) {
+    unlink(temporaneo.c_str());
+    return false;
+  }
+  SincronizzaCartella(CartellaDi(nome));
+  return true;
+}
+
+int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
+  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  const int fd = Apri(nome, O_RDONLY);
+  if (fd < 0) return -1;
+  // No file can reach an offset beyond off_t: that is past its end.
+  if (inizio > static_cast<uint64_t>(std::numeric_limits<off_t>::max())) {
+    Chiudi(fd);
+    return 0;
+  }
+  if (capienza > static_cast<size_t>(std::numeric_limits<int64_t>::max()))
+    capienza = static_cast<size_t>(std::numeric_limits<int64_t>::max());
+  size_t letti = 0;
+  while (letti < capienza) {
+    const size_t resto = capienza - letti;
+    const size_t passo = resto < (size_t{1} << 30) ? resto : (size_t{1} << 30);
+    const uint64_t posizione = inizio + letti;
+    if (posizione > static_cast<uint64_t>(std::numeric_limits<off_t>::max())) break;
+    const ssize_t n = pread(fd, destinazione + letti, passo, static_cast<off_t>(posizione));
+    if (n < 0) {
+      if (errno == EINTR) continue;
+      Chiudi(fd);
+      return -1;
+    }
+    if (n == 0) break;
+    letti += static_cast<size_t>(n);
+  }
+  Chiudi(fd);
+  return static_cast<int64_t>(letti);
+}
+
+bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  bool creato = false;
+  int fd = Apri(nome, O_WRONLY | O_APPEND);
+  if (fd < 0 && errno == ENOENT) {
+    fd = Apri(nome, O_WRONLY | O_APPEND | O_CREAT);
+    creato = fd >= 0;
+  }
+  if (fd < 0) return false;
+  bool riuscito = ScriviTutto(fd, dati, lunghezza) && Sincronizza(fd, true);
+  if (close(fd) != 0 && errno != EINTR) riuscito = false;
+  if (creato) SincronizzaCartella(CartellaDi(nome));
+  return riuscito;
+}
+
+bool RinominaFile(const char* vecchio, const char* nuovo) {
+  if (!NomeValido(vecchio) || !NomeValido(nuovo)) return false;
+  if (rename(vecchio, nuovo) != 0) return false;
+  const std::string cartella_nuovo = CartellaDi(nuovo), cartella_vecchio = CartellaDi(vecchio);
+  SincronizzaCartella(cartella_nuovo);
+  if (cartella_vecchio != cartella_nuovo) SincronizzaCartella(cartella_vecchio);
+  return true;
+}
+
+bool EliminaFile(const char* nome) {
+  if (!NomeValido(nome)) return false;
+  // unlink never removes a folder, as a file call should not.
+  if (unlink(nome) != 0) return false;
+  SincronizzaCartella(CartellaDi(nome));
+  return true;
+}
+
+}  // namespace piattaforma

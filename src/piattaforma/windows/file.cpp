@@ -1,0 +1,95 @@
+// Files: whole replacement through a temporary file and MoveFileEx, appends
+// flushed to the disk before the call returns.
+#include <string>
+
+#include "piattaforma/piattaforma.h"
+#include "piattaforma/tasti.h"
+
+namespace piattaforma {
+
+namespace {
+
+bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
+
+// WriteFile takes a DWORD: large buffers go in pieces.
+constexpr size_t PASSO = size_t{1} << 30;
+
+bool ScriviTutto(HANDLE file, const char* dati, size_t lunghezza) {
+  while (lunghezza > 0) {
+    const DWORD passo = static_cast<DWORD>(lunghezza < PASSO ? lunghezza : PASSO);
+    DWORD scritti = 0;
+    if (!WriteFile(file, dati, passo, &scritti, nullptr) || scritti == 0) return false;
+    dati += scritti;
+    lunghezza -= scritti;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  const std::string temporaneo = std::string(nome) + ".tmp";
+  HANDLE file = CreateFileA(temporaneo.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  bool riuscito = ScriviTutto(file, dati, lunghezza) && FlushFileBuffers(file);
+  if (!CloseHandle(file)) riuscito = false;
+  if (riuscito)
+    riuscito = MoveFileExA(temporaneo.c_str(), nome,
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  if (!riuscito) {
+    DeleteFileA(temporaneo.c_str());
+    return false;
+  }
+  return true;
+}
+
+int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
+  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  // Shared with writers and renames, so that reading never blocks a save.
+  HANDLE file =
+      CreateFileA(nome, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return -1;
+  if (capienza > static_cast<size_t>(INT64_MAX)) capienza = static_cast<size_t>(INT64_MAX);
+  size_t letti = 0;
+  bool errore = false;
+  while (letti < capienza) {
+    const uint64_t posizione = inizio + letti;
+    if (posizione > static_cast<uint64_t>(INT64_MAX)) break;  // past any file's end
+    const size_t resto = capienza - letti;
+    const DWORD passo = static_cast<DWORD>(resto < PASSO ? resto : PASSO);
+    OVERLAPPED da{};
+    da.Offset = static_cast<DWORD>(posizione);
+    da.OffsetHigh = static_cast<DWORD>(posizione >> 32);
+    DWORD n = 0;
+    if (!ReadFile(file, destinazione + letti, passo, &n, &da)) {
+      errore = GetLastError() != ERROR_HANDLE_EOF;
+      break;
+    }
+    if (n == 0) break;
+    letti += n;
+  }
+  CloseHandle(file);
+  return errore ? -1 : static_cast<int64_t>(letti);
+}
+
+bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  HANDLE file = CreateFileA(nome, FILE_APPEND_DATA, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  bool riuscito = ScriviTutto(file, dati, lunghezza) && FlushFileBuffers(file);
+  if (!CloseHandle(file)) riuscito = false;
+  return riuscito;
+}
+
+bool RinominaFile(const char* vecchio, const char* nuovo) {
+  if (!NomeValido(vecchio) || !NomeValido(nuovo)) return false;
+  return MoveFileExA(vecchio, nuovo, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+bool EliminaFile(const char* nome) { return NomeValido(nome) && DeleteFileA(nome) != 0; }
+
+}  // namespace piattaforma
