@@ -160,6 +160,7 @@ inline std::vector<int32_t> ValoriCon(std::initializer_list<std::pair<int, int32
 // The texts of the boxes shown so far; each must be a notice titled
 // "Attenzione!" with the information icon and an OK button.
 inline std::vector<std::string> Avvisi() {
+  using namespace piattaforma::win32;
   std::vector<std::string> testi;
   for (const memoria::Finestra& f : memoria::Finestre()) {
     EXPECT_EQ(f.titolo, "Attenzione!") << f.testo;
