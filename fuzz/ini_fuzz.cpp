@@ -1,8 +1,9 @@
 // libFuzzer target for the settings reader. The input is copied into a buffer
 // of exactly its length, so that AddressSanitizer catches a read past the
 // text. Whatever the text, every value stays inside its range, an unknown key
-// leaves every value at its default, every box is the out-of-range notice,
-// and the same text fed in pieces reads the same.
+// leaves every value at its default, a complete reading has met every key,
+// every box is the out-of-range notice, and the same text fed in pieces reads
+// the same.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -44,6 +45,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t lunghezza) {
     if (riga.valore < riga.minimo || riga.valore > riga.massimo) std::abort();
     if (intera.esito == EsitoIni::ChiaveSconosciuta && riga.valore != riga.valore_default)
       std::abort();
+  }
+  // A complete reading has met every key somewhere in the text.
+  if (intera.esito == EsitoIni::Completo) {
+    for (const RigaIni& riga : ParametroIni) {
+      const size_t n = std::strlen(riga.chiave);
+      bool trovata = false;
+      for (size_t i = 0; !trovata && i + n <= lunghezza; ++i)
+        trovata = std::memcmp(testo + i, riga.chiave, n) == 0;
+      if (!trovata) std::abort();
+    }
   }
   size_t dollari = 0;
   for (size_t i = 0; i < lunghezza; ++i) dollari += testo[i] == '$';
