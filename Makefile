@@ -6,7 +6,7 @@
 #                every skipped test with its reason
 #   make mutate  small deliberate bugs, one at a time: do the unit tests fail?
 #   make bench   benchmarks
-#   make fuzz    the FEN loader fuzzer (clang), FUZZ_SECONDI=60
+#   make fuzz    every fuzzer (clang), FUZZ_SECONDI=60 each
 #   make format  clang-format on every source file (format-check: only list)
 #   make clean   removes build/
 #
@@ -111,13 +111,13 @@ bench:
 	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DPENDRINO_BENCH=ON -DPENDRINO_TESTS=OFF
 	cmake --build build/bench -j$(JOBS) --target run_bench
 
-# The fuzzer has its own build with clang; `make test` does not need it (the
-# board tests replay its corpus). FUZZ_SECONDI sets the length of the run.
+# The fuzzers have their own build with clang; `make test` does not need it
+# (the tests replay their corpora). FUZZ_SECONDI sets the length of each run.
 FUZZ_SECONDI ?= 60
 fuzz:
 	@$(INSTALLA) fuzz
 	cmake -S fuzz -B build/fuzz -DCMAKE_CXX_COMPILER=clang++-14 -DDURATA_FUZZ=$(FUZZ_SECONDI)
-	cmake --build build/fuzz -j$(JOBS) --target fuzz_fen
+	cmake --build build/fuzz -j$(JOBS) --target fuzz_tutti
 
 format:
 	@$(INSTALLA) format

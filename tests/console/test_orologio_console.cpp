@@ -88,7 +88,8 @@ TEST_F(OrologioConsole, AvvioSenzaImpostazioniAvvisaEScriveIValoriDefault) {
   EXPECT_EQ(memoria::Finestre()[0].titolo, "Attenzione!");
   EXPECT_EQ(memoria::Finestre()[0].stile, MB_OK | MB_ICONINFORMATION);
   EXPECT_TRUE(memoria::EsisteFile("pendrino.ini"));
-  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find(std::string("$\ttempo_primo_periodo\t120") + FINE_RIGA),
+  EXPECT_NE(memoria::ContenutoFile("pendrino.ini")
+                .find(std::string("$\ttempo_primo_periodo\t120") + FINE_RIGA),
             std::string::npos);
 }
 
@@ -201,7 +202,8 @@ TEST_F(OrologioConsole, ImpostaParametroConSiScriveIlFileESuona) {
   EXPECT_EQ(UltimaFinestra().testo, "Impostare 'tempo primo periodo' 90 minuti?");
   EXPECT_EQ(UltimaFinestra().stile, unsigned(MB_YESNO));
   EXPECT_EQ(ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore, 90);
-  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find(std::string("$\ttempo_primo_periodo\t90") + FINE_RIGA),
+  EXPECT_NE(memoria::ContenutoFile("pendrino.ini")
+                .find(std::string("$\ttempo_primo_periodo\t90") + FINE_RIGA),
             std::string::npos);
   EXPECT_EQ(ToniDa(toni), (Toni{{3000, 5}}));
   EXPECT_EQ(Campo(), "        ");

@@ -71,41 +71,40 @@ inline const char* const INCOMPLETO =
     "non ho trovato tutti i parametri in pendrino.ini.\n"
     "Verranno ripristinati i loro valori default.";
 
-// The notice for an out-of-range value, written out for the rows the tests use.
+// The notice for an out-of-range value of each row, written out.
 inline std::string ValoreErrato(int riga) {
-  switch (riga) {
-    case 0:
-      return "Errore in pendrino.ini: - valore non valido per \"periodi\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 1 - 2).\n"
-             "Verra' ripristinato il suo valore default ( 1 periodi ).";
-    case 1:
-      return "Errore in pendrino.ini: - valore non valido per \"mosse primo periodo\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 10 - 100).\n"
-             "Verra' ripristinato il suo valore default ( 40 mosse ).";
-    case 2:
-      return "Errore in pendrino.ini: - valore non valido per \"tempo primo periodo\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 1 - 720).\n"
-             "Verra' ripristinato il suo valore default ( 120 minuti ).";
-    case 3:
-      return "Errore in pendrino.ini: - valore non valido per \"incremento primo periodo\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 0 - 600).\n"
-             "Verra' ripristinato il suo valore default ( 0 secondi ).";
-    case 6:
-      return "Errore in pendrino.ini: - valore non valido per \"Aggiornamento automatico a "
-             "schermo del tempo in moto\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 0 - 1).\n"
-             "Verra' ripristinato il suo valore default ( 1 valore booleano ).";
-    case 8:
-      return "Errore in pendrino.ini: - valore non valido per \"secondo allarme\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 0 - 720).\n"
-             "Verra' ripristinato il suo valore default ( 30 minuti ).";
-    case 11:
-      return "Errore in pendrino.ini: - valore non valido per \"quinto allarme\".\n"
-             "i valori ammessi sono compresi nell'intervallo ( 0 - 720).\n"
-             "Verra' ripristinato il suo valore default ( 120 minuti ).";
-  }
-  ADD_FAILURE() << "no notice written out for row " << riga;
-  return {};
+  static const char* const DESCRIZIONE_E_LIMITI[NUMERO_PARAMETRI][2] = {
+      {"\"periodi\".\ni valori ammessi sono compresi nell'intervallo ( 1 - 2).\n",
+       "( 1 periodi )."},
+      {"\"mosse primo periodo\".\ni valori ammessi sono compresi nell'intervallo ( 10 - 100).\n",
+       "( 40 mosse )."},
+      {"\"tempo primo periodo\".\ni valori ammessi sono compresi nell'intervallo ( 1 - 720).\n",
+       "( 120 minuti )."},
+      {"\"incremento primo periodo\".\ni valori ammessi sono compresi nell'intervallo ( 0 - "
+       "600).\n",
+       "( 0 secondi )."},
+      {"\"tempo secondo periodo\".\ni valori ammessi sono compresi nell'intervallo ( 1 - 720).\n",
+       "( 30 minuti )."},
+      {"\"incremento secondo periodo\".\ni valori ammessi sono compresi nell'intervallo ( 0 - "
+       "600).\n",
+       "( 0 secondi )."},
+      {"\"Aggiornamento automatico a schermo del tempo in moto\".\ni valori ammessi sono compresi "
+       "nell'intervallo ( 0 - 1).\n",
+       "( 1 valore booleano )."},
+      {"\"primo allarme\".\ni valori ammessi sono compresi nell'intervallo ( 0 - 720).\n",
+       "( 15 minuti )."},
+      {"\"secondo allarme\".\ni valori ammessi sono compresi nell'intervallo ( 0 - 720).\n",
+       "( 30 minuti )."},
+      {"\"terzo allarme\".\ni valori ammessi sono compresi nell'intervallo ( 0 - 720).\n",
+       "( 60 minuti )."},
+      {"\"quarto allarme\".\ni valori ammessi sono compresi nell'intervallo ( 0 - 720).\n",
+       "( 90 minuti )."},
+      {"\"quinto allarme\".\ni valori ammessi sono compresi nell'intervallo ( 0 - 720).\n",
+       "( 120 minuti )."},
+  };
+  return std::string("Errore in pendrino.ini: - valore non valido per ") +
+         DESCRIZIONE_E_LIMITI[riga][0] + "Verra' ripristinato il suo valore default " +
+         DESCRIZIONE_E_LIMITI[riga][1];
 }
 
 // `testo` with the line ends the platform's text mode writes.
@@ -163,6 +162,7 @@ inline std::vector<int32_t> ValoriCon(std::initializer_list<std::pair<int, int32
 // The texts of the boxes shown so far; each must be a notice titled
 // "Attenzione!" with the information icon and an OK button.
 inline std::vector<std::string> Avvisi() {
+  using namespace piattaforma::win32;
   std::vector<std::string> testi;
   for (const memoria::Finestra& f : memoria::Finestre()) {
     EXPECT_EQ(f.titolo, "Attenzione!") << f.testo;
