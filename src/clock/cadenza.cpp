@@ -1,5 +1,7 @@
 #include "clock/cadenza.h"
 
+#include "messaggi/messaggi.h"
+
 #include <cstdio>
 
 #include "piattaforma/piattaforma.h"
@@ -22,20 +24,9 @@ struct Scrittura {
     Cadenza[usati] = 0;
   }
   void Numero(int64_t numero) {
-    // The magnitude as unsigned, so that the most negative value has one.
-    uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
-    char cifre[21];
-    int n = 0;
-    do {
-      cifre[n++] = char('0' + resto % 10);
-      resto /= 10;
-    } while (resto);
-    if (numero < 0) Testo("-");
-    char testo[2] = {};
-    while (n) {
-      testo[0] = cifre[--n];
-      Testo(testo);
-    }
+    char testo[21];
+    TestoDelNumero(numero, testo);
+    Testo(testo);
   }
   // A zero increment is left out: "300", not "300+0".
   void Incremento(int32_t secondi) {

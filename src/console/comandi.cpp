@@ -194,12 +194,7 @@ static void AvvisaIntervallo(const char* inizio, const RigaIni& riga) {
   AggiungiTesto(" '");
   AggiungiTesto(riga.descrizione);
   AggiungiTesto("'\n");
-  AggiungiTesto("i valori ammessi sono compresi nell'intervallo ");
-  AggiungiTesto("( ");
-  AggiungiNumero(riga.minimo);
-  AggiungiTesto(" - ");
-  AggiungiNumero(riga.massimo);
-  AggiungiTesto(").\n");
+  AggiungiIntervallo(riga);
   Avvisa(messaggio);
 }
 

@@ -30,17 +30,25 @@ void AggiungiTesto(const char* testo) {
   messaggio[InMessaggio] = 0;
 }
 
-void AggiungiNumero(int64_t numero) {
+int TestoDelNumero(int64_t numero, char* testo) {
   // Work on the magnitude as unsigned so that the most negative value has one.
   uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
-  char cifre[21];
-  int n = 0;
+  char cifre[20];
+  int n = 0, lunghezza = 0;
   do {
     cifre[n++] = char('0' + resto % 10);
     resto /= 10;
   } while (resto);
-  if (numero < 0) AggiungiCarattere('-');
-  while (n) AggiungiCarattere(cifre[--n]);
+  if (numero < 0) testo[lunghezza++] = '-';
+  while (n) testo[lunghezza++] = cifre[--n];
+  testo[lunghezza] = 0;
+  return lunghezza;
+}
+
+void AggiungiNumero(int64_t numero) {
+  char testo[21];
+  TestoDelNumero(numero, testo);
+  AggiungiTesto(testo);
 }
 
 void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }

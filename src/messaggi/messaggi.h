@@ -21,6 +21,10 @@ void AggiungiTesto(const char* testo);
 void AggiungiCarattere(char carattere);
 void AggiungiNumero(int64_t numero);
 
+// The decimal digits of a number, '-' first when negative, zero-terminated
+// into `testo` (room for 21 bytes); returns the length.
+int TestoDelNumero(int64_t numero, char* testo);
+
 // A notice with the information icon and an OK button.
 void Avvisa(const char* testo);
 // A question in the given box style; returns the button pressed.

@@ -261,6 +261,15 @@ EsitoIni LeggiTestoIni(const char* testo, size_t lunghezza) {
   return lettore.Fine();
 }
 
+void AggiungiIntervallo(const RigaIni& riga) {
+  AggiungiTesto("i valori ammessi sono compresi nell'intervallo ");
+  AggiungiTesto("( ");
+  AggiungiNumero(riga.minimo);
+  AggiungiTesto(" - ");
+  AggiungiNumero(riga.massimo);
+  AggiungiTesto(").\n");
+}
+
 void AvisaValoreIniErrato(int indice) {
   if (indice < 0 || indice >= NUMERO_PARAMETRI) return;
   const RigaIni& riga = ParametroIni[indice];
@@ -269,12 +278,7 @@ void AvisaValoreIniErrato(int indice) {
   AggiungiTesto("\"");
   AggiungiTesto(riga.descrizione);
   AggiungiTesto("\".\n");
-  AggiungiTesto("i valori ammessi sono compresi nell'intervallo ");
-  AggiungiTesto("( ");
-  AggiungiNumero(riga.minimo);
-  AggiungiTesto(" - ");
-  AggiungiNumero(riga.massimo);
-  AggiungiTesto(").\n");
+  AggiungiIntervallo(riga);
   AggiungiTesto("Verra' ripristinato il suo valore default ");
   AggiungiTesto("( ");
   AggiungiNumero(riga.valore_default);

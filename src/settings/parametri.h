@@ -41,6 +41,9 @@ void ScriviIni();
 // Loads the file into the table, with the notices for a missing, unreadable
 // or incomplete file and for values out of range.
 void LeggiIni();
+// Appends to the message "i valori ammessi sono compresi nell'intervallo
+// ( min - max).\n" for a row.
+void AggiungiIntervallo(const RigaIni& riga);
 // The notice for an out-of-range value of row `indice`.
 void AvisaValoreIniErrato(int indice);
 
