@@ -27,46 +27,11 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import (COLONNE, PARAMETRI, Fallito, Terminale, capacita,  # noqa: E402
-                           scrivi_impostazioni)
+from terminale_pty import (COLONNE, PARAMETRI, Fallito, Terminale,  # noqa: E402
+                           scrivi_impostazioni, tasti_del_terminale)
 
 # Generous: the machine may be busy with builds; waits end as soon as met.
 ATTESA = 15.0
-
-
-def tasti_del_terminale(terminale):
-    """The bytes of each key the test uses, as `terminale` sends them."""
-    funzione = {nome: capacita(terminale, cap) for nome, cap in
-                (("su", "kcuu1"), ("giu", "kcud1"), ("fine", "kend"), ("f4", "kf4"),
-                 ("f8", "kf8"))}
-    if terminale == "linux":
-        # No modified keys on the console: the prefixes stand in for them.
-        ctrl_x = b"\x18"
-        tasti = {
-            "ctrl_invio": [ctrl_x + b"\r"],
-            "ctrl_shift_invio": [ctrl_x + ctrl_x + b"\r"],
-            "ctrl_1": [ctrl_x + b"1"],
-            "ctrl_piu": [ctrl_x + b"+"],
-            # Esc, let go, then F4: the pause outlasts the wait for a
-            # following byte, so Esc acts as a prefix of its own.
-            "alt_f4": [b"\x1b", funzione["f4"]],
-        }
-    else:
-        # Both modified-key forms the program asks for are in use: xterm's
-        # modifyOtherKeys and the CSI-u that tmux forwards.
-        alt_f4 = capacita(terminale, "kf52") or b"\x1b" + funzione["f4"]
-        tasti = {
-            "ctrl_invio": [b"\x1b[27;5;13~"],
-            "ctrl_shift_invio": [b"\x1b[13;6u"],
-            "ctrl_1": [b"\x1b[49;5u"],
-            "ctrl_piu": [b"\x1b[27;6;43~"],
-            "alt_f4": [alt_f4],
-        }
-    for nome in ("su", "giu", "fine", "f8"):
-        if not funzione[nome]:
-            raise Fallito(f"terminfo for {terminale} has no {nome}")
-        tasti[nome] = [funzione[nome]]
-    return tasti
 
 
 def centrata(testo):

@@ -38,6 +38,41 @@ class Fallito(Exception):
     pass
 
 
+def tasti_del_terminale(terminale):
+    """The bytes of each key the test uses, as `terminale` sends them."""
+    funzione = {nome: capacita(terminale, cap) for nome, cap in
+                (("su", "kcuu1"), ("giu", "kcud1"), ("fine", "kend"), ("f4", "kf4"),
+                 ("f8", "kf8"))}
+    if terminale == "linux":
+        # No modified keys on the console: the prefixes stand in for them.
+        ctrl_x = b"\x18"
+        tasti = {
+            "ctrl_invio": [ctrl_x + b"\r"],
+            "ctrl_shift_invio": [ctrl_x + ctrl_x + b"\r"],
+            "ctrl_1": [ctrl_x + b"1"],
+            "ctrl_piu": [ctrl_x + b"+"],
+            # Esc, let go, then F4: the pause outlasts the wait for a
+            # following byte, so Esc acts as a prefix of its own.
+            "alt_f4": [b"\x1b", funzione["f4"]],
+        }
+    else:
+        # Both modified-key forms the program asks for are in use: xterm's
+        # modifyOtherKeys and the CSI-u that tmux forwards.
+        alt_f4 = capacita(terminale, "kf52") or b"\x1b" + funzione["f4"]
+        tasti = {
+            "ctrl_invio": [b"\x1b[27;5;13~"],
+            "ctrl_shift_invio": [b"\x1b[13;6u"],
+            "ctrl_1": [b"\x1b[49;5u"],
+            "ctrl_piu": [b"\x1b[27;6;43~"],
+            "alt_f4": [alt_f4],
+        }
+    for nome in ("su", "giu", "fine", "f4", "f8"):
+        if not funzione[nome]:
+            raise Fallito(f"terminfo for {terminale} has no {nome}")
+        tasti[nome] = [funzione[nome]]
+    return tasti
+
+
 class Terminale:
     def __init__(self, comando, argomenti, terminale, cartella):
         ambiente = dict(os.environ)
@@ -114,6 +149,19 @@ class Terminale:
     # -- keys ------------------------------------------------------------
     def invia(self, dati):
         self.figlio.send(dati)
+
+    def premi(self, pezzi):
+        """One key of tasti_del_terminale(): its pieces apart, as a person types
+        a prefix and then the key."""
+        for i, pezzo in enumerate(pezzi):
+            if i:
+                self.quiete(0.3)  # longer than the wait for a byte following Esc
+            self.invia(pezzo)
+
+    def ridimensiona(self, righe, colonne):
+        """The terminal window resized: the program gets SIGWINCH."""
+        self.schermo.resize(righe, colonne)
+        self.figlio.setwinsize(righe, colonne)
 
     def termina(self):
         if not self.finito and self.figlio.isalive():

@@ -136,6 +136,22 @@ void MostraMessaggioDimensioni() {
   doupdate();
 }
 
+// An open box stays answerable on a small terminal (the exit question above
+// all): its band, as wide as the terminal allows, centred on a blank screen.
+void MostraRiquadroDaSolo() {
+  werase(stdscr);
+  wnoutrefresh(stdscr);
+  const int larghezza = COLS < COLONNE_SCHERMO ? COLS : COLONNE_SCHERMO;
+  int da = video.riquadro_x - (larghezza - video.riquadro_larghezza) / 2;
+  if (da > COLONNE_SCHERMO - larghezza) da = COLONNE_SCHERMO - larghezza;
+  if (da < 0) da = 0;
+  const int y = (LINES - video.riquadro_altezza) / 2;
+  const int x = (COLS - larghezza) / 2;
+  touchwin(video.riquadro);
+  pnoutrefresh(video.riquadro, 0, da, y, x, y + video.riquadro_altezza - 1, x + larghezza - 1);
+  doupdate();
+}
+
 struct Superficie {
   void Metti(int x, int y, uint32_t c) { MettiCarattere(video.schermo, x, y, c); }
   void Scorri() { wscrl(video.schermo, 1); }
@@ -152,12 +168,23 @@ void MettiCarattere(WINDOW* finestra, int x, int y, uint32_t carattere, unsigned
   mvwadd_wch(finestra, y, x, &cella);
 }
 
+bool RiquadroVisibile() {
+  if (video.riquadro == nullptr) return false;
+  if (!video.troppo_piccolo) return true;
+  return COLS >= video.riquadro_larghezza && LINES >= video.riquadro_altezza;
+}
+
 void Aggiorna() {
   if (!video.aperto) return;
   if (COLS < COLONNE_SCHERMO || LINES < RIGHE_SCHERMO) {
-    if (!video.troppo_piccolo || video.da_aggiornare) MostraMessaggioDimensioni();
+    const bool cambiato = !video.troppo_piccolo || video.da_aggiornare;
     video.troppo_piccolo = true;
     video.da_aggiornare = false;
+    if (!cambiato) return;
+    if (RiquadroVisibile())
+      MostraRiquadroDaSolo();
+    else
+      MostraMessaggioDimensioni();
     return;
   }
   if (video.troppo_piccolo) {
@@ -171,10 +198,10 @@ void Aggiorna() {
   wmove(video.schermo, video.y, video.x);
   pnoutrefresh(video.schermo, 0, 0, 0, 0, RIGHE_SCHERMO - 1, COLONNE_SCHERMO - 1);
   if (video.riquadro) {
+    // Whole lines: a screen reader reading a box line hears only the box.
     touchwin(video.riquadro);
-    pnoutrefresh(video.riquadro, 0, 0, video.riquadro_y, video.riquadro_x,
-                 video.riquadro_y + video.riquadro_altezza - 1,
-                 video.riquadro_x + video.riquadro_larghezza - 1);
+    pnoutrefresh(video.riquadro, 0, 0, video.riquadro_y, 0,
+                 video.riquadro_y + video.riquadro_altezza - 1, COLONNE_SCHERMO - 1);
   }
   doupdate();
   video.da_aggiornare = false;
@@ -255,6 +282,20 @@ void ApriConsole() {
   // that is always readable would spin.
   if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) {
     std::fprintf(stderr, "Pendrino va avviato in un terminale.\n");
+    std::exit(1);
+  }
+  // A terminal that cannot move the cursor would show the screen as a stream
+  // of text: refused before anything is written to it or its modes change.
+  const terminale::Idoneita idoneita = terminale::IdoneitaTerminale();
+  if (idoneita != terminale::Idoneita::Adatto) {
+    const char* tipo = std::getenv("TERM");
+    constexpr char SERVE[] = "Pendrino ha bisogno di un terminale che sappia spostare il cursore";
+    if (idoneita == terminale::Idoneita::SenzaTipo)
+      std::fprintf(stderr, "%s, ma la variabile TERM non \xC3\xA8 impostata.\n", SERVE);
+    else if (idoneita == terminale::Idoneita::Sconosciuto)
+      std::fprintf(stderr, "%s, ma il terminale TERM=%s non \xC3\xA8 conosciuto.\n", SERVE, tipo);
+    else
+      std::fprintf(stderr, "%s, ma TERM=%s non sa farlo.\n", SERVE, tipo);
     std::exit(1);
   }
   // Wide characters for "Sì"; numbers keep the C locale's format.

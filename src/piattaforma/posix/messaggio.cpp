@@ -30,31 +30,35 @@ int ScriviTesto(WINDOW* finestra, int x, int y, const char* testo, size_t lunghe
 
 // The box is a block in reverse video without line-drawing characters, which
 // screen readers would read out; the first button, the one Enter chooses,
-// stands out in normal video.
-void DisegnaRiquadro(WINDOW* finestra, const Impaginazione& imp, const char* testo,
+// stands out in normal video. `banda` holds the box's whole lines, blank
+// around the box at column imp.x.
+void DisegnaRiquadro(WINDOW* banda, const Impaginazione& imp, const char* testo,
                      const char* titolo) {
   for (int y = 0; y < imp.altezza; ++y)
-    for (int x = 0; x < imp.larghezza; ++x) MettiCarattere(finestra, x, y, ' ', A_REVERSE);
+    for (int x = 0; x < COLONNE_SCHERMO; ++x) {
+      const bool nel_riquadro = x >= imp.x && x < imp.x + imp.larghezza;
+      MettiCarattere(banda, x, y, ' ', nel_riquadro ? A_REVERSE : A_NORMAL);
+    }
 
   const int spazio_titolo = imp.larghezza - 4;
   const int caratteri_titolo = static_cast<int>(ContaCaratteri(titolo, std::strlen(titolo)));
   const int mostrati = caratteri_titolo < spazio_titolo ? caratteri_titolo : spazio_titolo;
-  ScriviTesto(finestra, (imp.larghezza - mostrati) / 2, 0, titolo, std::strlen(titolo), mostrati,
-              A_REVERSE | A_BOLD);
+  ScriviTesto(banda, imp.x + (imp.larghezza - mostrati) / 2, 0, titolo, std::strlen(titolo),
+              mostrati, A_REVERSE | A_BOLD);
 
   for (int r = 0; r < imp.righe; ++r)
-    ScriviTesto(finestra, imp.colonna_testo, imp.riga_testo + r, testo + imp.riga[r].inizio,
+    ScriviTesto(banda, imp.x + imp.colonna_testo, imp.riga_testo + r, testo + imp.riga[r].inizio,
                 imp.riga[r].lunghezza, imp.larghezza_testo, A_REVERSE);
 
   for (int p = 0; p < imp.pulsanti; ++p) {
     char pulsante[32];
     std::snprintf(pulsante, sizeof pulsante, "[ %s ]", EtichettaPulsante(imp.risposta[p]));
     const size_t lunghezza = std::strlen(pulsante);
-    ScriviTesto(finestra, imp.colonna_pulsante[p], imp.riga_pulsanti, pulsante, lunghezza,
+    ScriviTesto(banda, imp.x + imp.colonna_pulsante[p], imp.riga_pulsanti, pulsante, lunghezza,
                 static_cast<int>(lunghezza), p == 0 ? A_NORMAL : A_REVERSE);
   }
   // The cursor at the start of the text, where a screen reader starts reading.
-  wmove(finestra, imp.riga_testo, imp.colonna_testo);
+  wmove(banda, imp.riga_testo, imp.x + imp.colonna_testo);
 }
 
 }  // namespace
@@ -74,7 +78,7 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   }
   static terminale::Impaginazione imp;
   terminale::ImpaginaRiquadro(testo, titolo, stile, imp);
-  WINDOW* finestra = newpad(imp.altezza, imp.larghezza);
+  WINDOW* finestra = newpad(imp.altezza, COLONNE_SCHERMO);
   if (finestra == nullptr) return RispostaPredefinita(stile);
   terminale::DisegnaRiquadro(finestra, imp, testo, titolo);
   video.riquadro = finestra;
@@ -91,7 +95,7 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   int risposta = 0;
   // Keys typed ahead of the box answer it first.
   INPUT_RECORD in_anticipo;
-  while (risposta == 0 && !video.troppo_piccolo && terminale::PrendiDallaCoda(in_anticipo))
+  while (risposta == 0 && terminale::RiquadroVisibile() && terminale::PrendiDallaCoda(in_anticipo))
     risposta = terminale::RispostaDaTasto(stile, in_anticipo);
   while (risposta == 0) {
     if (terminale::AttendiTerminale(-1) == terminale::Attesa::Chiuso) {
@@ -104,7 +108,7 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
     INPUT_RECORD evento;
     while (risposta == 0 && terminale::LeggiIngresso(stato, esito, evento)) {
       // A box that cannot be seen is not answered.
-      if (esito == terminale::Esito::Evento && !video.troppo_piccolo)
+      if (esito == terminale::Esito::Evento && terminale::RiquadroVisibile())
         risposta = terminale::RispostaDaTasto(stile, evento);
       terminale::GestisciSegnali();
       terminale::Aggiorna();

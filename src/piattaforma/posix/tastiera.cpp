@@ -103,14 +103,39 @@ bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento) {
 
 namespace {
 
+// Alt+F4 (also typed as Esc then F4): the way out, which opens the exit
+// question.
+bool TastoDiUscita(const INPUT_RECORD& evento) {
+  if (evento.EventType != KEY_EVENT) return false;
+  const KEY_EVENT_RECORD& tasto = evento.Event.KeyEvent;
+  return tasto.wVirtualKeyCode == VK_F4 && (tasto.dwControlKeyState & MASCHERA_ALT) &&
+         !(tasto.dwControlKeyState & MASCHERA_CTRL);
+}
+
+// While the terminal is too small the user cannot see what a key would do,
+// so only the way out reaches the program; the rest is dropped, not kept for
+// later, when it would act on a screen that has changed meanwhile.
+void ScartaTastiNascosti() {
+  if (!video.troppo_piccolo) return;
+  int tenuti = 0;
+  for (int i = 0; i < eventi_in_coda; ++i) {
+    const INPUT_RECORD& evento = coda[(testa_coda + i) % CAPIENZA_CODA];
+    if (TastoDiUscita(evento)) coda[(testa_coda + tenuti++) % CAPIENZA_CODA] = evento;
+  }
+  eventi_in_coda = tenuti;
+}
+
 void Raccogli() {
   GestisciSegnali();
   Esito esito;
   INPUT_RECORD evento;
   while (eventi_in_coda < CAPIENZA_CODA && LeggiIngresso(stato_principale, esito, evento)) {
     if (esito == Esito::Evento) coda[(testa_coda + eventi_in_coda++) % CAPIENZA_CODA] = evento;
+    // A resize that came with these keys decides whether they count.
     GestisciSegnali();
+    ScartaTastiNascosti();
   }
+  ScartaTastiNascosti();
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 // The 80 x 44 screen lives in an ncurses pad that never resizes, so a
 // terminal that is too small loses nothing: the pad is copied to the
 // terminal while it is large enough, and one centred line asks for the size
-// otherwise. A message box is a second pad drawn over the first.
+// otherwise. A message box is a second pad drawn over the first: a band of
+// whole lines, blank around the box, so that no line the box occupies still
+// shows pieces of the screen under it.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +19,9 @@ namespace piattaforma::terminale {
 struct Video {
   bool aperto = false;
   _win_st* schermo = nullptr;   // the 80 x 44 pad
-  _win_st* riquadro = nullptr;  // the open message box, or none
+  _win_st* riquadro = nullptr;  // the band of the open message box, or none
+  // The box itself on the screen; its band spans lines riquadro_y onwards,
+  // all 80 columns, with the box at column riquadro_x inside it.
   int riquadro_x = 0, riquadro_y = 0, riquadro_larghezza = 0, riquadro_altezza = 0;
   int x = 0, y = 0;  // cursor on the pad
   bool da_aggiornare = false;
@@ -25,8 +29,11 @@ struct Video {
 };
 extern Video video;
 
-// Shows the pad (and the box) when something changed, or the size line.
+// Shows the pad (and the box) when something changed; on a terminal that is
+// too small, the box alone when one is open and fits, the size line otherwise.
 void Aggiorna();
+// An open box that the user can see, and so may answer.
+bool RiquadroVisibile();
 // Acts on the signals received since the last call: resize, suspend, resume.
 void GestisciSegnali();
 // Hands the terminal back to the shell or to a pager, and takes it again.
@@ -49,6 +56,11 @@ bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento);
 bool PrendiDallaCoda(INPUT_RECORD& evento);
 // Teaches ncurses the extended key sequences.
 void DefinisciSequenze();
+
+enum class Idoneita : uint8_t { Adatto, SenzaTipo, Sconosciuto, SenzaCursore };
+// Whether the terminal named by TERM can place the cursor, the least this
+// program needs; looked up in terminfo without writing to the terminal.
+Idoneita IdoneitaTerminale();
 
 // Puts one character on a pad at (x, y) with the attributes `aspetto`
 // (ncurses A_* bits), as a space when it is a control character and as '?'

@@ -201,6 +201,14 @@ def prova_tasti_e_riquadro(file_da_vedere):
         controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (colonna_testo, riga_testo),
                   "cursor at the start of the text: %r" % ((t.schermo.cursor.x, t.schermo.cursor.y),))
         controlla("Attenzione!" in t.riga(riga_testo - 2), "title two lines above the text")
+        # Whole lines: nothing of the "sfondo" lines under the box is left
+        # beside it, where a screen reader would read it with the box.
+        for y, sola in [(riga_testo - 2, "Attenzione!"), (riga_testo - 1, ""),
+                          (riga_testo, "Prima riga del testo"), (riga_testo + 1, "Seconda riga"),
+                          (riga_testo + 2, ""), (riga_testo + 3, "[ Sì ]   [ No ]   [ Annulla ]"),
+                          (riga_testo + 4, "")]:
+            controlla(t.riga(y).strip() == sola,
+                      "box line %d reads %r, expected only %r" % (y, t.riga(y), sola))
         numero = numero_tasti(t)
         t.invia("x")  # no answer
         t.leggi(0.2)
@@ -228,17 +236,57 @@ def prova_tasti_e_riquadro(file_da_vedere):
     t.ridimensiona(44, 80)
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and "ultima riga" in t.riga(43)
               and "sfondo 20" in t.riga(20), "redrawn when large enough")
-    # A box while the terminal is too small waits for it to grow.
-    numero = numero_tasti(t) + 1
+    # While too small, keys other than Alt+F4 do not reach the program.
+    numero = numero_tasti(t)
     t.ridimensiona(30, 80)
     t.attendi(lambda: t.contiene("80 colonne e 44 righe"), "size line again")
-    t.invia("b")
+    for dati in ["b", "s", "\r", "\x1b[13;5u", "\x1bOS", "\x1bn"]:
+        t.invia(dati)
+        t.leggi(0.2)
+    t.invia("\x1b[1;3S")
     t.leggi(0.3)
+    controlla(not t.contiene("Attenzione!"), "no box opened by keys while too small")
+    t.ridimensiona(44, 80)
+    t.attendi(lambda: "Pendrino prova" in t.riga(0), "redrawn after the keys while too small")
+    controlla("tasto %d: vk=73 stato=0002" % (numero + 1) in t.riga(2),
+              "only Alt+F4 reached the program while too small: %r" % t.riga(2))
+    controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (5, 5), "cursor back after growing")
+
+    # A box open when the terminal shrinks stays, alone in its middle, and
+    # can be answered.
+    numero = numero_tasti(t) + 1
+    t.invia("b")
+    t.attendi(lambda: t.contiene("Attenzione!"), "box before shrinking")
+    t.ridimensiona(24, 60)
+    t.attendi(lambda: t.contiene("Attenzione!") and not t.contiene("sfondo"),
+              "box alone on the small terminal")
+    lette = [r.strip() for r in t.schermo.display]
+    attese = ["Attenzione!", "", "Prima riga del testo", "Seconda riga", "",
+              "[ Sì ]   [ No ]   [ Annulla ]", ""]
+    inizio = (24 - len(attese)) // 2
+    controlla(lette == [""] * inizio + attese + [""] * (24 - inizio - len(attese)),
+              "box alone on the small terminal\n" + t.testo())
+    x, y = t.schermo.cursor.x, t.schermo.cursor.y
+    controlla(t.riga(y)[x:].startswith("Prima riga del testo"),
+              "cursor at the box text on the small terminal: %r" % ((x, y),))
+    t.invia("n")
+    t.attendi(lambda: t.contiene("Servono almeno 80 colonne e 44 righe."),
+              "size line after the box answered")
+    t.ridimensiona(44, 80)
+    t.attendi(lambda: ("risposta %d: 7" % numero) in t.riga(3), "box answered while small")
+
+    # A box with no room for it waits, unanswered, for the terminal to grow.
+    numero = numero_tasti(t) + 1
+    t.invia("b")
+    t.attendi(lambda: t.contiene("Attenzione!"), "box before shrinking")
+    t.ridimensiona(5, 80)
+    t.attendi(lambda: t.contiene("80 colonne e 44 righe"), "size line, no room for the box")
     t.invia("s")
     t.leggi(0.3)
-    controlla(not t.contiene("risposta %d" % numero), "hidden box not answered")
+    controlla(not t.contiene("Attenzione!"), "box hidden with no room for it")
     t.ridimensiona(44, 80)
     t.attendi(lambda: t.contiene("Attenzione!"), "box shown after growing")
+    controlla(not t.contiene("risposta %d" % numero), "hidden box not answered")
     t.invia("n")
     t.attendi(lambda: ("risposta %d: 7" % numero) in t.riga(3), "box answered after growing")
 
