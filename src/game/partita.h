@@ -45,22 +45,38 @@ uint64_t FaiMossaInComando();
 void AnnotaMossa(uint64_t mossa);
 
 // Repetitions of the current position: how many earlier occurrences the last
-// scan found (0..2), and their plies, the most recent first.
+// scan found (0..2), and their plies, the most recent first; the ply
+// TurnoIniziale (0 in a game from the start) is the initial position.
 extern uint32_t Ripetizioni;
 extern uint32_t PosizioneRipetuta[2];
 extern const char* const StringaRipetizioni[3];
+// Looks back over the plies of the same side to move since the last
+// irreversible move, or over the whole game once the half-move clock has
+// stopped at 127 (AnnotaMossa runs it).
 void ScansionaRipetizioni();
 
-// The last ply a game can reach: every table of the record keeps a slot
-// beyond the current ply for the legal-move filter.
-extern const uint64_t ULTIMA_SEMIMOSSA;
-// True when no further move fits in the record.
-bool PartitaCompleta();
+// The panel sentences, composed whole into `messaggio` (first letter in
+// lower case; the console raises it when it centres the line):
+// "la posizione corrente ..." and "semimosse: [ultima Nf3, ]reversibili N,
+// totali M".
+void ComponiFraseRipetizioni();
+void ComponiFraseSemimosse();
 
-// Takes back the last move: unmake, revoke any result, regenerate. The
-// caller has checked that there is a move and that the clock is stopped.
-void RitiraUltimaMossa();
-// The record of a new game, after the position has been loaded.
+// The last ply a game can reach. The legal-move filter of the position at
+// ply n records each legal move it tries in ElencoMosse[n + 1], the last
+// entry when n is this value; no table is written beyond ply n + 1.
+constexpr uint64_t ULTIMA_SEMIMOSSA = MAX_SEMIMOSSE - 2;
+// True when no further move fits in the record: FaiMossaInComando refuses.
+bool PartitaCompleta();
+// What the console tells the player who types a move then.
+extern const char* const TestoPartitaCompleta;
+
+// Takes back the last move: unmake, revoke any result, regenerate; 0 (and
+// nothing done) when no move of this game is left to take back. The caller
+// has checked that the clock is stopped.
+int RitiraUltimaMossa();
+// The record of a new game, after the position has been loaded: no
+// repetitions, the legal moves and the keys of the first ply.
 void AzzeraPartita();
 
 // The facts of DettagliMossa, written at the console's cursor.

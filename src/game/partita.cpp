@@ -1,0 +1,501 @@
+#include "game/partita.h"
+
+#include <cstddef>
+#include <cstdint>
+
+#include "board/mossa.h"
+#include "board/posizione.h"
+#include "clock/orologio.h"
+#include "game/aggiudicazione.h"
+#include "messaggi/messaggi.h"
+#include "moves/genera.h"
+#include "moves/registro.h"
+#include "moves/tavole.h"
+#include "piattaforma/piattaforma.h"
+
+using namespace piattaforma::win32;
+
+char ElencoStringaMossa[MAX_SEMIMOSSE][LUNGHEZZA_STRINGA_MOSSA];
+RecordDettagliMossa DettagliMossa;
+
+const char* const CaratteriUtili = "12345678abcdefghNBRQK0";
+const char* const ColonnaInMaiuscolo = "ACDEFGH";
+const char* const PezzoInMinuscolo = "nrqk";
+const char* const Oo = "Oo";
+
+uint32_t Ripetizioni;
+uint32_t PosizioneRipetuta[2];
+const char* const StringaRipetizioni[3] = {
+    "non si e' mai verificata prima", "e' identica a quella dopo", "e' identica a quelle dopo"};
+
+const char* const TestoPartitaCompleta =
+    "La partita ha raggiunto il numero massimo di semimosse registrabili: non si possono giocare "
+    "altre mosse.";
+
+namespace {
+
+constexpr int8_t S = VALORE_SCONOSCIUTO;
+constexpr int INDICE_LETTERA_PEZZO = 15;  // CaratteriUtili[kind + 15] is the kind's letter
+constexpr int MASSIMO_CARATTERI_MOSSA = 5;
+constexpr uint32_t NESSUN_PEZZO = 255;  // TipoPromozioneMossa of a move that promotes nothing
+constexpr const char* PATTA = "1/2-1/2";
+
+// Names of the kinds for the debug print; the diagnostics keep their own.
+constexpr const char* NomePezzo[6] = {"Pedone", "Cavallo", "Alfiere", "Torre", "Donna", "Re"};
+
+bool Contiene(const char* testo, char c) {
+  for (; *testo; ++testo)
+    if (*testo == c) return true;
+  return false;
+}
+int IndiceIn(const char* testo, char c) {
+  for (int i = 0; testo[i]; ++i)
+    if (testo[i] == c) return i;
+  return -1;
+}
+
+// ASCII only, whatever the locale: the field holds nothing else.
+constexpr bool Minuscola(char c) { return c >= 'a' && c <= 'z'; }
+constexpr bool Maiuscola(char c) { return c >= 'A' && c <= 'Z'; }
+constexpr bool Cifra(char c) { return c >= '0' && c <= '9'; }
+
+constexpr int8_t Colonna(uint64_t casa) { return int8_t(casa & 7); }
+constexpr int8_t Riga(uint64_t casa) { return int8_t(casa >> 3); }
+constexpr bool Vicine(int8_t a, int8_t b) { return a - b == 1 || b - a == 1; }
+
+bool Noto(int8_t campo) { return campo != S; }
+
+// The first earlier position of this game: the one the game started from.
+uint64_t PlyIniziale() { return TurnoIniziale; }
+
+// The move text being written, always zero-terminated, never past its slot.
+struct TestoMossa {
+  char* testo;
+  int lunghezza = 0;
+  void Aggiungi(char c) {
+    if (lunghezza >= LUNGHEZZA_STRINGA_MOSSA - 1) return;
+    testo[lunghezza++] = c;
+    testo[lunghezza] = 0;
+  }
+  void Aggiungi(const char* s) {
+    while (*s) Aggiungi(*s++);
+  }
+};
+
+// How much of the origin the record must show, left in DettagliMossa; the
+// legal list still holds the moves of the position before the move.
+void Disambigua(uint64_t mossa, int8_t pezzo) {
+  const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
+  RecordDettagliMossa& dm = DettagliMossa;
+  dm = {pezzo, S, S, S, Colonna(d), Riga(d)};
+  if (TrovaMossaCompatibile()) return;
+  dm.ColonnaPartenza = Colonna(o);
+  if (TrovaMossaCompatibile()) return;
+  dm.ColonnaPartenza = S;
+  dm.RigaPartenza = Riga(o);
+  if (TrovaMossaCompatibile()) return;
+  // The full origin alone: the piece letter is left out, and so it stays.
+  dm.ColonnaPartenza = Colonna(o);
+  dm.TipoPezzo = S;
+  if (TrovaMossaCompatibile()) return;
+  Avvisa("Errore in disambigua mossa pezzo!");
+}
+
+// "1.Nf3": the full-move number of ply p and its text.
+void AggiungiMossaDelPly(uint64_t p) {
+  AggiungiNumero(int64_t(((p - 1) >> 1) + 1));
+  AggiungiCarattere('.');
+  AggiungiTesto(ElencoStringaMossa[p]);
+}
+
+void ScriviTesto(const char* testo) {
+  size_t n = 0;
+  while (testo[n]) ++n;
+  piattaforma::Scrivi(testo, n);
+}
+
+void ScriviPezzo(const char* etichetta, int8_t valore) {
+  ScriviTesto(etichetta);
+  ScriviTesto(valore >= 0 && valore <= RE ? NomePezzo[valore] : "valore sconosciuto");
+}
+
+void ScriviColonna(const char* etichetta, int8_t valore) {
+  ScriviTesto(etichetta);
+  if (valore >= 0 && valore < 8) {
+    const char lettera = char('a' + valore);
+    piattaforma::Scrivi(&lettera, 1);
+  } else {
+    ScriviTesto("valore sconosciuto");
+  }
+}
+
+void ScriviRiga(const char* etichetta, int8_t valore) {
+  ScriviTesto(etichetta);
+  if (valore >= 0 && valore < 8) {
+    const char cifra = char('8' - valore);
+    piattaforma::Scrivi(&cifra, 1);
+  } else {
+    ScriviTesto("valore sconosciuto");
+  }
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------
+// Reading the typed text.
+
+int LeggiDettagliMossaDaComando(const char* testo) {
+  DettagliMossa = {S, S, S, S, S, S};
+
+  char letti[MASSIMO_CARATTERI_MOSSA];
+  int numero = 0, zeri = 0;
+  for (const char* p = testo; *p; ++p) {
+    char c = *p;
+    if (!(Minuscola(c) || Maiuscola(c) || Cifra(c)) || c == 'x' || c == 'X') continue;
+    if (Contiene(ColonnaInMaiuscolo, c))
+      c = char(c - 'A' + 'a');
+    else if (Contiene(PezzoInMinuscolo, c))
+      c = char(c - 'a' + 'A');
+    else if (Contiene(Oo, c))
+      c = '0';
+    if (!Contiene(CaratteriUtili, c)) return 0;
+    if (numero == MASSIMO_CARATTERI_MOSSA) return 0;
+    if (c == '0') ++zeri;
+    letti[numero++] = c;
+  }
+  if (numero < 2) return 0;
+
+  if (zeri) {
+    if (numero > 3 || zeri != numero) return 0;
+    DettagliMossa.TipoPezzo = RE;
+    DettagliMossa.ColonnaPartenza = 4;
+    DettagliMossa.ColonnaDestinazione = zeri == 2 ? 6 : 2;
+    return 1;
+  }
+
+  const char* resto = letti;
+  if (Maiuscola(resto[0])) {
+    DettagliMossa.TipoPezzo = int8_t(IndiceIn(CaratteriUtili, resto[0]) - INDICE_LETTERA_PEZZO);
+    ++resto;
+    --numero;
+  } else if (Maiuscola(resto[numero - 1])) {
+    DettagliMossa.TipoPromozione =
+        int8_t(IndiceIn(CaratteriUtili, resto[numero - 1]) - INDICE_LETTERA_PEZZO);
+    --numero;
+  }
+  if (numero < 2 || numero > 4) return 0;
+
+  int8_t valore[4];
+  unsigned cifre = 0;  // bit i: character i is a digit
+  for (int i = 0; i < numero; ++i) {
+    const char c = resto[i];
+    if (Cifra(c)) {
+      cifre |= 1u << i;
+      valore[i] = int8_t(8 - (c - '0'));
+    } else if (Minuscola(c)) {
+      valore[i] = int8_t(c - 'a');
+    } else {
+      return 0;
+    }
+  }
+
+  RecordDettagliMossa& dm = DettagliMossa;
+  switch (numero) {
+    case 2:
+      if (!Noto(dm.TipoPezzo)) dm.TipoPezzo = PEDONE;
+      if (cifre == 0b10) {
+        dm.ColonnaDestinazione = valore[0];
+        dm.RigaDestinazione = valore[1];
+        return 1;
+      }
+      // Two files: a pawn capture, and only between neighbouring files.
+      if (cifre == 0 && dm.TipoPezzo == PEDONE) {
+        dm.ColonnaPartenza = valore[0];
+        dm.ColonnaDestinazione = valore[1];
+        return Vicine(valore[0], valore[1]) ? 1 : 0;
+      }
+      return 0;
+    case 3:
+      if (!Noto(dm.TipoPezzo)) dm.TipoPezzo = PEDONE;
+      if (cifre == 0b100)
+        dm.ColonnaPartenza = valore[0];
+      else if (cifre == 0b101)
+        dm.RigaPartenza = valore[0];
+      else
+        return 0;
+      dm.ColonnaDestinazione = valore[1];
+      dm.RigaDestinazione = valore[2];
+      return 1;
+    default:
+      // Both squares: an unnamed piece stays unknown, so g1f3 is whatever
+      // piece makes that move.
+      if (cifre != 0b1010) return 0;
+      dm.ColonnaPartenza = valore[0];
+      dm.RigaPartenza = valore[1];
+      dm.ColonnaDestinazione = valore[2];
+      dm.RigaDestinazione = valore[3];
+      return 1;
+  }
+}
+
+// ---------------------------------------------------------------------------
+// The legal moves and the typed move.
+
+uint64_t TrovaMossaCompatibile() {
+  const RecordDettagliMossa& dm = DettagliMossa;
+  uint64_t trovata = 0;
+  int quante = 0;
+  for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p) {
+    const uint64_t mossa = *p;
+    const uint64_t tipo = TipoMossa(mossa);
+    const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
+    if (Noto(dm.TipoPezzo) && uint32_t(dm.TipoPezzo) != TipoPezzoMossa[tipo]) continue;
+    if (Noto(dm.ColonnaPartenza) && dm.ColonnaPartenza != Colonna(o)) continue;
+    if (Noto(dm.RigaPartenza) && dm.RigaPartenza != Riga(o)) continue;
+    if (Noto(dm.ColonnaDestinazione) && dm.ColonnaDestinazione != Colonna(d)) continue;
+    if (Noto(dm.RigaDestinazione) && dm.RigaDestinazione != Riga(d)) continue;
+    const uint32_t promozione = TipoPromozioneMossa[tipo];
+    if (Noto(dm.TipoPromozione)) {
+      if (uint32_t(dm.TipoPromozione) != promozione) continue;
+    } else if (promozione != NESSUN_PEZZO && promozione != DONNA) {
+      // An unstated promotion is a queen's.
+      continue;
+    }
+    ++quante;
+    trovata = mossa;
+  }
+  return quante == 1 ? trovata : 0;
+}
+
+void GeneraMosseLegali() {
+  const Colore lato = AlTratto();
+  FineMosseGenerate = genera_mosse_del[lato](BufferMosseGenerate);
+  // The unmakes below, a later take-back and the repetition scan read these.
+  SalvaParolePosizione();
+  uint64_t* p = BufferMosseGenerate;
+  while (p < FineMosseGenerate) {
+    const uint64_t mossa = *p;
+    if (fai_mossa[lato][TipoMossa(mossa)](mossa)) {
+      const uint64_t fatta = ElencoMosse[ContatoreMosse];
+      ritira_mossa[lato][TipoMossa(fatta)](fatta);
+      ++p;
+    } else {
+      // The last candidate takes the refused one's place and is looked at next.
+      *p = *--FineMosseGenerate;
+    }
+  }
+}
+
+bool PartitaCompleta() { return ContatoreMosse >= ULTIMA_SEMIMOSSA; }
+
+uint64_t FaiMossaInComando() {
+  if (PartitaCompleta()) return 0;
+  RecordDettagliMossa& dm = DettagliMossa;
+  const bool destinazione = Noto(dm.ColonnaDestinazione) && Noto(dm.RigaDestinazione);
+
+  // Lower-case b as a bishop: a "pawn" between files that are not
+  // neighbours can only be a bishop whose first letter is dropped.
+  if (dm.TipoPezzo == PEDONE && Noto(dm.ColonnaPartenza) && !Noto(dm.RigaPartenza) &&
+      destinazione && !Vicine(dm.ColonnaPartenza, dm.ColonnaDestinazione)) {
+    dm.TipoPezzo = ALFIERE;
+    dm.ColonnaPartenza = S;
+  }
+  uint64_t mossa = TrovaMossaCompatibile();
+  // A b-pawn capture wins when it exists; otherwise the bishop.
+  if (!mossa && dm.TipoPezzo == PEDONE && dm.ColonnaPartenza == 1 && !Noto(dm.RigaPartenza) &&
+      destinazione) {
+    dm.TipoPezzo = ALFIERE;
+    dm.ColonnaPartenza = S;
+    mossa = TrovaMossaCompatibile();
+  }
+  if (!mossa) return 0;
+
+  const Colore lato = AlTratto();
+  if (!fai_mossa[lato][TipoMossa(mossa)](mossa)) return 0;
+  if (InMoto) PremiOrologio(lato);
+  return mossa;
+}
+
+// ---------------------------------------------------------------------------
+// Notation and the end of the game.
+
+void AnnotaMossa(uint64_t mossa) {
+  const uint64_t n = ContatoreMosse;
+  TestoMossa testo{ElencoStringaMossa[n]};
+  testo.testo[0] = 0;
+
+  const uint64_t tipo = TipoMossa(mossa);
+  if (tipo == ARROCCO_CORTO) {
+    testo.Aggiungi("0-0");
+  } else if (tipo == ARROCCO_LUNGO) {
+    testo.Aggiungi("0-0-0");
+  } else {
+    const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
+    const uint32_t pezzo = TipoPezzoMossa[tipo];
+    const uint32_t promozione = TipoPromozioneMossa[tipo];
+    if (pezzo == PEDONE) {
+      if (Colonna(o) != Colonna(d)) {
+        testo.Aggiungi(CarattereColonna[Colonna(o)]);
+        testo.Aggiungi('x');
+      }
+    } else if (pezzo == RE) {
+      testo.Aggiungi('K');
+      if (tipo > PEDONE_CATTURA) testo.Aggiungi('x');
+    } else {
+      Disambigua(mossa, int8_t(pezzo));
+      const RecordDettagliMossa& dm = DettagliMossa;
+      if (Noto(dm.TipoPezzo)) testo.Aggiungi(CaratteriUtili[dm.TipoPezzo + INDICE_LETTERA_PEZZO]);
+      if (Noto(dm.ColonnaPartenza)) testo.Aggiungi(CarattereColonna[dm.ColonnaPartenza]);
+      if (Noto(dm.RigaPartenza)) testo.Aggiungi(char('8' - dm.RigaPartenza));
+      if (tipo > PEDONE_CATTURA) testo.Aggiungi('x');
+    }
+    testo.Aggiungi(CarattereColonna[Colonna(d)]);
+    testo.Aggiungi(char('8' - Riga(d)));
+    if (promozione != NESSUN_PEZZO) {
+      testo.Aggiungi('=');
+      testo.Aggiungi(CaratteriUtili[promozione + INDICE_LETTERA_PEZZO]);
+    }
+  }
+
+  GeneraMosseLegali();
+
+  // A check held only in the second checker field (a discovered check, the
+  // rook of a castling) counts as well: the whole word is compared.
+  const bool scacco = InfoPosizione < NESSUNO_SCACCO;
+
+  if (FineMosseGenerate == BufferMosseGenerate) {
+    if (scacco) {
+      testo.Aggiungi('#');
+      Aggiudica("Checkmate", "scaccomatto", StringaSconfitta[n & 1]);
+    } else {
+      Aggiudica("stalemate", "stallo", PATTA);
+    }
+    avisa_aggiudicazione();
+    return;
+  }
+
+  if (scacco) testo.Aggiungi('+');
+
+  if (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) {
+    Aggiudica("insufficient material", "materiale insufficente", PATTA);
+    avisa_aggiudicazione();
+    return;
+  }
+
+  // Exactly 100: a declined claim is not offered again at 101.
+  if (Semimosse(InfoPosizione) == 100) {
+    if (Domanda("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO) == IDYES) {
+      Aggiudica("Fifty-move rule", "regola delle 50 mosse", PATTA);
+      return;
+    }
+  }
+
+  ScansionaRipetizioni();
+  if (Ripetizioni == 2) {
+    // The question informs: either answer adjudicates, only a box that
+    // could not be shown leaves the game open.
+    if (Domanda("Triplice ripetizione: aggiudicare la patta?", MB_YESNO) != 0)
+      Aggiudica("threefold repetition", "triplice ripetizione", PATTA);
+  }
+}
+
+// ---------------------------------------------------------------------------
+// Repetitions and the panel sentences.
+
+void ScansionaRipetizioni() {
+  Ripetizioni = 0;
+  const int64_t n = int64_t(ContatoreMosse);
+  const uint64_t reversibili = Semimosse(InfoPosizione);
+  // No position before an irreversible move can come back, so the bound only
+  // saves work; a saturated clock no longer tells where that move was.
+  int64_t limite = reversibili == MASCHERA_SEMIMOSSE ? 0 : n - int64_t(reversibili);
+  if (limite < int64_t(PlyIniziale())) limite = int64_t(PlyIniziale());
+  // n - 2 is one move of each side away: no such pair leaves every piece
+  // where it stood.
+  for (int64_t k = n - 4; k >= limite; k -= 2) {
+    if (backup_ChiaveHash[k] != ChiaveHash) continue;
+    PosizioneRipetuta[Ripetizioni++] = uint32_t(k);
+    if (Ripetizioni == 2) break;
+  }
+}
+
+void ComponiFraseRipetizioni() {
+  SvuotaMessaggio();
+  AggiungiTesto("la posizione corrente ");
+  const uint64_t iniziale = PlyIniziale();
+  switch (Ripetizioni) {
+    case 0:
+      AggiungiTesto(ContatoreMosse == iniziale ? "e' quella iniziale" : StringaRipetizioni[0]);
+      break;
+    case 1:
+      if (PosizioneRipetuta[0] == iniziale) {
+        AggiungiTesto("e' identica a quella iniziale");
+      } else {
+        AggiungiTesto(StringaRipetizioni[1]);
+        AggiungiCarattere(' ');
+        AggiungiMossaDelPly(PosizioneRipetuta[0]);
+      }
+      break;
+    default:
+      // The older occurrence first.
+      if (PosizioneRipetuta[1] == iniziale) {
+        AggiungiTesto("e' identica a quella iniziale e quella dopo ");
+      } else {
+        AggiungiTesto(StringaRipetizioni[2]);
+        AggiungiCarattere(' ');
+        AggiungiMossaDelPly(PosizioneRipetuta[1]);
+        AggiungiTesto(" e ");
+      }
+      AggiungiMossaDelPly(PosizioneRipetuta[0]);
+      break;
+  }
+}
+
+void ComponiFraseSemimosse() {
+  SvuotaMessaggio();
+  AggiungiTesto("semimosse: ");
+  if (ContatoreMosse > PlyIniziale()) {
+    AggiungiTesto("ultima ");
+    AggiungiTesto(ElencoStringaMossa[ContatoreMosse]);
+    AggiungiTesto(", ");
+  }
+  AggiungiTesto("reversibili ");
+  AggiungiNumero(int64_t(Semimosse(InfoPosizione)));
+  AggiungiTesto(", totali ");
+  AggiungiNumero(int64_t(ContatoreMosse));
+}
+
+// ---------------------------------------------------------------------------
+// Take-back and a new game.
+
+int RitiraUltimaMossa() {
+  // The record before TurnoIniziale is not this game's (a position loaded
+  // with Black to move, or the double step its en passant field implies).
+  if (ContatoreMosse <= PlyIniziale()) return 0;
+  const uint64_t mossa = ElencoMosse[ContatoreMosse];
+  const Colore mosso = Colore((ContatoreMosse - 1) & 1);
+  ritira_mossa[mosso][TipoMossa(mossa)](mossa);
+  RevocaAggiudicazione();
+  GeneraMosseLegali();
+  // Ripetizioni stays: the panel still describes the position taken back.
+  return 1;
+}
+
+void AzzeraPartita() {
+  Ripetizioni = 0;
+  PosizioneRipetuta[0] = PosizioneRipetuta[1] = 0;
+  GeneraMosseLegali();
+}
+
+// ---------------------------------------------------------------------------
+
+void ScriviDettagliMossa() {
+  const RecordDettagliMossa& dm = DettagliMossa;
+  ScriviPezzo("\ntipo pezzo: ", dm.TipoPezzo);
+  ScriviPezzo("\ntipo promozione: ", dm.TipoPromozione);
+  ScriviColonna("\ncolonna partenza: ", dm.ColonnaPartenza);
+  ScriviRiga("\nriga partenza: ", dm.RigaPartenza);
+  ScriviColonna("\ncolonna destinazione: ", dm.ColonnaDestinazione);
+  ScriviRiga("\nriga destinazione: ", dm.RigaDestinazione);
+  ScriviTesto("\n");
+}

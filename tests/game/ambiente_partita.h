@@ -1,0 +1,140 @@
+// A game on the in-memory platform for the tests of the game record: the
+// tables built once, a loaded position with its legal moves, an open game,
+// a stopped clock, and the road of a typed move as the console takes it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "board/fen.h"
+#include "board/geometria.h"
+#include "board/mossa.h"
+#include "board/posizione.h"
+#include "clock/orologio.h"
+#include "comune/istantanea.h"
+#include "game/aggiudicazione.h"
+#include "game/partita.h"
+#include "messaggi/messaggi.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
+#include "piattaforma/memoria/memoria.h"
+
+using namespace piattaforma::win32;
+
+constexpr unsigned AVVISO = MB_OK | MB_ICONINFORMATION;
+
+// Square number from its name, "a8" = 0 ... "h1" = 63.
+constexpr uint64_t Casa(const char* nome) {
+  return uint64_t((nome[0] - 'a') + 8 * ('8' - nome[1]));
+}
+
+// "e2e4", "e7e8N": the coordinates of a move word, with the letter of an
+// under-promotion or of a queen's.
+inline std::string Coordinate(uint64_t mossa) {
+  std::string t;
+  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
+    t += char('a' + (casa & 7));
+    t += char('8' - (casa >> 3));
+  }
+  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
+  if (promozione != 255) t += "?NBRQ"[promozione];
+  return t;
+}
+
+// The legal move list as coordinates, sorted.
+// The legal move list as move words, sorted: cheaper to compare.
+inline std::vector<uint64_t> ParoleLegali() {
+  std::vector<uint64_t> mosse(BufferMosseGenerate, FineMosseGenerate);
+  std::sort(mosse.begin(), mosse.end());
+  return mosse;
+}
+
+inline std::vector<std::string> Legali() {
+  std::vector<std::string> mosse;
+  for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
+    mosse.push_back(Coordinate(*p));
+  std::sort(mosse.begin(), mosse.end());
+  return mosse;
+}
+
+// The one move that `testo` means in the legal list, without playing it;
+// 0 when the text is no move or no single move matches.
+inline uint64_t Cerca(const char* testo) {
+  if (!LeggiDettagliMossaDaComando(testo)) return 0;
+  return TrovaMossaCompatibile();
+}
+
+// The road of a typed move: read, found and played, written in the record.
+// The record's text, or "" when nothing was played.
+inline std::string Gioca(const char* testo) {
+  if (!LeggiDettagliMossaDaComando(testo)) return "";
+  const uint64_t mossa = FaiMossaInComando();
+  if (!mossa) return "";
+  AnnotaMossa(mossa);
+  return ElencoStringaMossa[ContatoreMosse];
+}
+
+// Moves one after another, as the arbiter would after a Yes to the
+// revocation question; the texts written, space-separated.
+inline std::string GiocaRevocando(const std::vector<const char*>& testi) {
+  std::string scritti;
+  for (const char* testo : testi) {
+    if (PartitaAggiudicata()) RevocaAggiudicazione();
+    if (!scritti.empty()) scritti += ' ';
+    const std::string scritto = Gioca(testo);
+    scritti += scritto.empty() ? std::string("<") + testo + "?>" : scritto;
+  }
+  return scritti;
+}
+
+inline std::string FraseRipetizioni() {
+  ComponiFraseRipetizioni();
+  return messaggio;
+}
+
+inline std::string Stato() {
+  return std::string(Result) + " | " + Termination + " | " + CommentoRisultato;
+}
+
+class AmbientePartita : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    static const bool tabelle = [] {
+      InizializzaTabelle();
+      return true;
+    }();
+    (void)tabelle;
+    memoria::Azzera();
+    DopoFinestra = nullptr;
+    SchermoDellOrologio = {};
+    SchermoDellaPartita = {};
+    InMoto = 0;
+    RevocaAggiudicazione();
+    Nuova(FenIniziale);
+  }
+
+  // A new game from the text, as the console starts one.
+  static void Nuova(const char* fen) {
+    SvuotaScacchiera();
+    ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;
+    RevocaAggiudicazione();
+    AzzeraPartita();
+  }
+
+  // The boxes shown, as "text [style]".
+  static std::vector<std::string> Finestre() {
+    std::vector<std::string> f;
+    for (const auto& finestra : memoria::Finestre()) {
+      EXPECT_EQ(finestra.titolo, "Attenzione!");
+      f.push_back(finestra.testo + " [" + std::to_string(finestra.stile) + "]");
+    }
+    return f;
+  }
+  static std::string Box(const std::string& testo, unsigned stile) {
+    return testo + " [" + std::to_string(stile) + "]";
+  }
+};
