@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <initializer_list>
 #include <string>
@@ -83,7 +84,9 @@ class FilePartita : public ::testing::Test {
   static void Gioca(std::initializer_list<const char*> mosse) {
     for (const char* mossa : mosse) {
       ++ContatoreMosse;
-      std::strncpy(ElencoStringaMossa[ContatoreMosse], mossa, LUNGHEZZA_STRINGA_MOSSA - 1);
+      const size_t lunghezza = std::min(std::strlen(mossa), size_t(LUNGHEZZA_STRINGA_MOSSA - 1));
+      std::memcpy(ElencoStringaMossa[ContatoreMosse], mossa, lunghezza);
+      ElencoStringaMossa[ContatoreMosse][lunghezza] = 0;
     }
   }
 
