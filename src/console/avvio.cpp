@@ -5,6 +5,7 @@
 #include "board/posizione.h"
 #include "clock/orologio.h"
 #include "console/comandi.h"
+#include "console/guida.h"
 #include "console/politica_interfaccia.h"
 #include "console/schermo.h"
 #include "diagnostics/uscita.h"
@@ -54,6 +55,7 @@ void inizializza() {
   InizializzaTabelle();
   piattaforma::ApriConsole();
   InstallaSchermi();
+  ScriviElencoComandi();
   LeggiIni();
   DisegnaIntestazione();
   StampaPannelloPrincipale();

@@ -6,6 +6,7 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
+#include "console/guida.h"
 #include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
@@ -91,7 +92,7 @@ void DisegnaIntestazione() {
     }
   }
   StampaCentratoNellInsegna("Orologio per gli scacchi", 11);
-  StampaCentratoNellInsegna("Pendrino 1.0 - il team di Pendrino", 12);
+  StampaCentratoNellInsegna(RigaDeiCrediti, 12);
 }
 
 // ---------------------------------------------------------------------------

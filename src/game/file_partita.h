@@ -8,10 +8,13 @@ extern const char* const NomeFilePartita;     // "partita.pgn"
 extern const char* const NomeFileListaMosse;  // "ListaMosse.txt"
 extern const char* const NomeAnnotatore;      // "Pendrino1.0"
 
+// Each replaces its file whole; a file that cannot be written keeps its old
+// content and nothing is reported.
 void SalvaPartita();
 void ScriviElencoMosse();
 
 // The texts as they are written, composed into a fixed buffer ('\n' line
-// ends); their length.
+// ends), cut to fit and zero-terminated when capienza > 0; the length of the
+// whole text, so that a value >= capienza means it was cut.
 size_t TestoPartita(char* testo, size_t capienza);
 size_t TestoElencoMosse(char* testo, size_t capienza);

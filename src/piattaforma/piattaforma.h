@@ -117,6 +117,11 @@ bool EliminaFile(const char* nome);
 void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file);
 void EseguiComandoVisualizzatore(const char* comando);
 
+// The help page's section on the keys that stand in for the chords this
+// platform's keyboard may not deliver: an HTML fragment with no line breaks,
+// or nullptr where every chord arrives.
+const char* SezioneTastiAlternativi();
+
 // Ends the process with `codice` (the console is not restored here).
 [[noreturn]] void TerminaProcesso(unsigned codice);
 

@@ -49,6 +49,7 @@ struct Stato {
   bool sola_lettura = false;
   size_t scritture = 0;
   piattaforma::PoliticaInterfaccia politica;
+  const char* sezione_tasti = nullptr;
 };
 
 Stato& S() {
@@ -143,6 +144,7 @@ void RimuoviFile(const std::string& nome) { S().file.erase(nome); }
 void ImpostaCapienzaFile(size_t byte) { S().capienza_file = byte; }
 void ImpostaSolaLettura(bool sola_lettura) { S().sola_lettura = sola_lettura; }
 size_t ScrittureFile() { return S().scritture; }
+void ImpostaSezioneTastiAlternativi(const char* sezione) { S().sezione_tasti = sezione; }
 
 }  // namespace memoria
 
@@ -257,6 +259,8 @@ bool EliminaFile(const char* nome) {
 
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return S().politica; }
+
+const char* SezioneTastiAlternativi() { return S().sezione_tasti; }
 
 void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
 

@@ -87,6 +87,9 @@ void ImpostaSolaLettura(bool sola_lettura);
 // Calls of SostituisciFile and AccodaAlFile since Azzera, failed ones too.
 size_t ScrittureFile();
 
+// What SezioneTastiAlternativi returns; nullptr (as on Windows) after Azzera.
+void ImpostaSezioneTastiAlternativi(const char* sezione);
+
 // Thrown by TerminaProcesso so that a test can see the program end.
 struct UscitaProcesso {
   unsigned codice;

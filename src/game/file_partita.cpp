@@ -1,0 +1,159 @@
+#include "game/file_partita.h"
+
+#include <cstdint>
+
+#include "board/posizione.h"
+#include "clock/cadenza.h"
+#include "game/aggiudicazione.h"
+#include "game/partita.h"
+#include "piattaforma/piattaforma.h"
+
+const char* const NomeFilePartita = "partita.pgn";
+const char* const NomeFileListaMosse = "ListaMosse.txt";
+const char* const NomeAnnotatore = "Pendrino1.0";
+
+namespace {
+
+// Appends to a fixed buffer, always zero-terminated; what does not fit is
+// counted but not written, so the caller learns the whole length.
+class Composizione {
+ public:
+  Composizione(char* testo, size_t capienza) : testo_(testo), capienza_(capienza) {
+    if (capienza_ > 0) testo_[0] = 0;
+  }
+
+  void Testo(const char* testo, size_t massimo = SIZE_MAX) {
+    for (size_t i = 0; i < massimo && testo[i]; ++i) Carattere(testo[i]);
+  }
+  void Numero(uint64_t numero) {
+    char cifre[21];
+    int n = 0;
+    do {
+      cifre[n++] = char('0' + numero % 10);
+      numero /= 10;
+    } while (numero);
+    while (n) Carattere(cifre[--n]);
+  }
+  // A tag line: [nome "valore"].
+  void Etichetta(const char* nome, const char* valore, size_t massimo = SIZE_MAX) {
+    Testo("[");
+    Testo(nome);
+    Testo(" \"");
+    Testo(valore, massimo);
+    Testo("\"]\n");
+  }
+  size_t Lunghezza() const { return usati_; }
+
+ private:
+  void Carattere(char c) {
+    if (usati_ + 1 < capienza_) {
+      testo_[usati_] = c;
+      testo_[usati_ + 1] = 0;
+    }
+    ++usati_;
+  }
+
+  char* testo_;
+  size_t capienza_;
+  size_t usati_ = 0;
+};
+
+// The plies of the record; a counter past the table would read beyond it.
+uint64_t SemimosseRegistrate() {
+  return ContatoreMosse < uint64_t(MAX_SEMIMOSSE) ? ContatoreMosse : uint64_t(MAX_SEMIMOSSE - 1);
+}
+
+void TestoMossa(Composizione& c, uint64_t semimossa) {
+  c.Testo(" ");
+  c.Testo(ElencoStringaMossa[semimossa], LUNGHEZZA_STRINGA_MOSSA - 1);
+}
+
+void NumeroMossa(Composizione& c, uint64_t numero) {
+  c.Testo(" ");
+  c.Numero(numero);
+  c.Testo(".");
+}
+
+// The longest texts: the fixed words of the tags (well within 512), every
+// tag value at its buffer's size, a full record of seven-character moves with
+// their numbers, a new line every eight moves, the comment.
+constexpr size_t MOSSE_MASSIME = MAX_SEMIMOSSE / 2;
+constexpr size_t LUNGHEZZA_MOSSE =
+    MAX_SEMIMOSSE * LUNGHEZZA_STRINGA_MOSSA + MOSSE_MASSIME * sizeof " 256." + MOSSE_MASSIME;
+constexpr size_t MASSIMO_TESTO_PARTITA = 512 + sizeof Termination + sizeof Result + sizeof OraUTC +
+                                         sizeof DataUTC + sizeof Cadenza + LUNGHEZZA_MOSSE +
+                                         sizeof CommentoRisultato + sizeof Result;
+constexpr size_t MASSIMO_TESTO_ELENCO = LUNGHEZZA_MOSSE + 8;
+
+// Composed here rather than on the stack: the program allocates nothing.
+char TestoDelFile[MASSIMO_TESTO_PARTITA > MASSIMO_TESTO_ELENCO ? MASSIMO_TESTO_PARTITA
+                                                               : MASSIMO_TESTO_ELENCO];
+
+void Scrivi(const char* nome, size_t (*componi)(char*, size_t)) {
+  const size_t lunghezza = componi(TestoDelFile, sizeof TestoDelFile);
+  // A text cut short is not a game: the old file stays.
+  if (lunghezza >= sizeof TestoDelFile) return;
+  // Nothing to tell the user when the file cannot be written.
+  (void)piattaforma::SostituisciFileDiTesto(nome, TestoDelFile, lunghezza);
+}
+
+}  // namespace
+
+size_t TestoPartita(char* testo, size_t capienza) {
+  Composizione c(testo, capienza);
+  c.Testo("\n");
+  c.Etichetta("Event", "?");
+  c.Etichetta("White", "?");
+  c.Etichetta("Black", "?");
+  c.Etichetta("WhiteHelo", "?");
+  c.Etichetta("BlackHelo", "?");
+  c.Etichetta("Termination", Termination, sizeof Termination - 1);
+  c.Etichetta("Result", Result, sizeof Result - 1);
+  c.Etichetta("UTCTime", OraUTC, sizeof OraUTC - 1);
+  c.Etichetta("UTCDate", DataUTC, sizeof DataUTC - 1);
+  c.Etichetta("TimeControl", Cadenza, sizeof Cadenza - 1);
+  c.Etichetta("Mode", "TC");
+  c.Testo("[PlyCount \"");
+  c.Numero(ContatoreMosse);
+  c.Testo("\"]\n");
+  c.Etichetta("Annotator", NomeAnnotatore);
+
+  const uint64_t semimosse = SemimosseRegistrate();
+  for (uint64_t p = 1; p <= semimosse; ++p) {
+    if (p & 1) {
+      const uint64_t mossa = (p + 1) / 2;
+      // Eight full moves a line; the first line break leaves an empty line
+      // after the tags.
+      if (mossa % 8 == 1) c.Testo("\n");
+      NumeroMossa(c, mossa);
+    }
+    TestoMossa(c, p);
+  }
+  c.Testo("\n");
+  if (CommentoRisultato[0]) {
+    c.Testo("{");
+    c.Testo(CommentoRisultato, sizeof CommentoRisultato - 1);
+    c.Testo("} ");
+  }
+  c.Testo(Result, sizeof Result - 1);
+  c.Testo("\n");
+  return c.Lunghezza();
+}
+
+size_t TestoElencoMosse(char* testo, size_t capienza) {
+  Composizione c(testo, capienza);
+  const uint64_t semimosse = SemimosseRegistrate();
+  for (uint64_t p = 1; p <= semimosse; ++p) {
+    if (p & 1) {
+      c.Testo("\n");
+      NumeroMossa(c, (p + 1) / 2);
+    }
+    TestoMossa(c, p);
+  }
+  c.Testo("\n");
+  return c.Lunghezza();
+}
+
+void SalvaPartita() { Scrivi(NomeFilePartita, TestoPartita); }
+
+void ScriviElencoMosse() { Scrivi(NomeFileListaMosse, TestoElencoMosse); }

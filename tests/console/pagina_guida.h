@@ -1,0 +1,51 @@
+// The help page as the program must write it, byte for byte, up to the end
+// of the notes; the platform's own section (if any) and FINE_GUIDA follow.
+#pragma once
+
+#include <string>
+
+// clang-format off
+inline const std::string INIZIO_GUIDA =
+    "<html><head><title>Guida di Pendrino1.0</title>"
+    "<style type='text/css'> td, th { padding-left: 50px; text-align: left; } </style></head><body>"
+    "<h1>Pendrino1.0 - Orologio per gli scacchi</h1>"
+    "<h2>Pendrino 1.0 - il team di Pendrino</h2>"
+    "<h3>Comandi</h3><table>"
+    "<tr><th scope='column'>comando</th><th scope='column'>funzione</th></tr>"
+    "<tr><td scope='row'>invio</td><td>Esegue la mossa specificata e preme l'orologio se in moto.</td</tr>"
+    "<tr><td scope='row'>ctrl + invio</td><td>Orologio in moto.</td</tr>"
+    "<tr><td scope='row'>ctrl + shift + invio</td><td>Ferma l'orologio.</td</tr>"
+    "<tr><td scope='row'>ctrl + tasto piu' o meno</td><td>Aggiunge / sottrae al colore selezionato i minuti specificati.</td</tr>"
+    "<tr><td scope='row'>ctrl + canc</td><td>Ritira l'ultima semimossa.</td</tr>"
+    "<tr><td scope='row'>ctrl + A</td><td>Imposta l'aggiornamento automatico a schermo del tempo in moto al valore booleano specificato (0 disattivo, 1 attivo).</td</tr>"
+    "<tr><td scope='row'>ctrl + p</td><td>Imposta il numero dei periodi al valore specificato (1 o 2).</td</tr>"
+    "<tr><td scope='row'>ctrl + m</td><td>Imposta il numero delle mosse per il primo periodo al valore specificato.</td</tr>"
+    "<tr><td scope='row'>ctrl + 1 o 2</td><td>Imposta il tempo del relativo periodo al valore specificato in minuti.</td</tr>"
+    "<tr><td scope='row'>ctrl + shift + 1 o 2</td><td>Imposta l'incremento del relativo periodo al valore specificato in secondi.</td</tr>"
+    "<tr><td scope='row'>alt + numero da 1 a 5</td><td>Imposta il relativo allarme al valore specificato in minuti</td</tr>"
+    "<tr><td scope='row'>alt + n</td><td>Nuova partita.</td</tr>"
+    "<tr><td scope='row'>alt + s</td><td>Salva la partita.</td</tr>"
+    "<tr><td scope='row'>alt + f4</td><td>Esce da Pendrino</td</tr>"
+    "<tr><td scope='row'>tasto T</td><td>Aggiorna manualmente a schermo il tempo del colore in moto se l'aggiornamento automatico e' disattivo</td</tr>"
+    "<tr><td scope='row'>f1</td><td>Visualizza questa guida.</td</tr>"
+    "<tr><td scope='row'>f5</td><td>Visualizza l'elenco delle mosse.</td</tr>"
+    "<tr><td scope='row'>f9</td><td>Visualizza il file  partita.pgn.</td</tr>"
+    "<tr><td scope='row'>f4</td><td>Il nero abbandona, aggiudicare la partita (1-0)</td</tr>"
+    "<tr><td scope='row'>f8</td><td>Il bianco abbandona, aggiudicare la partita (0-1)</td</tr>"
+    "<tr><td scope='row'>f12</td><td>Patta d'accordo, aggiudicare la partita (1/2-1/2)</td</tr>"
+    "</table><br /><br />"
+    "<hr><h3>Note</h3><p>"
+    "Pendrino si utilizza esclusivamente da tastiera.<br />"
+    "Per spostarvi tra le righe del programma utilizzate le frecce su e giu'.<br />"
+    "Per specificare un valore od una mossa si pu\xF2" " digitare, ovunque si trovi, il focus si spostera' automaticamente nel campo comando.<br />"
+    "Per aggiungere o sottrarre tempo ad uno dei giocatori, specificare il valore in minuti, posizionarsi con le frecce sul tempo del colore desiderato e poi premere il comando corrispondente.<br />"
+    "Per impostare la cadenza di gioco, l'aggiornamento automatico e gli allarmi, specificare il valore desiderato e poi premere il relativo comando, oppure editare il file pendrino.ini.<br />"
+    "Per disattivare un allarme, impostare il suo valore a 0 o ad un valore superiore al tempo totale.<br />"
+    "Le modifiche apportate alla cadenza di gioco e al file pendrino.ini saranno effettive solo dopo il comando 'Nuova partita' o dopo il riavvio del programma.<br />"
+    "Le modifiche all'aggiornamento automatico e agli allarmi, effettuate tramite i comandi del programma, avranno effetto immediato.<br />"
+    "Per gli utilizzatori di lettori di schermo, visto che Pendrino aggiorna il tempo del orologio in moto ogni secondo,<br />con Jaws potete impostare il riscontro a schermo su nessuno premendo insert + s, <br /> con NVDA potete disattivare l'aggiornamento automatico a schermo del tempo in moto premendo il relativo comando oppure editando il file pendrino.ini<br />"
+    "Per segnalazioni e suggerimenti consultate il file README.md del progetto Pendrino.<br />"
+    "</p><hr>";
+// clang-format on
+
+inline const std::string FINE_GUIDA = "</body></html>";
