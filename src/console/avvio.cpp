@@ -16,9 +16,6 @@
 
 using namespace piattaforma::win32;
 
-char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
-char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
-char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
 
 // The lower layers draw through the console: the diagnostics at the cursor
 // and on the board panel, the clock and the game on their lines, each time

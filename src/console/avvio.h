@@ -7,13 +7,6 @@
 #include "console/tabella_tasti.h"
 #include "piattaforma/tasti.h"
 
-// Shell command lines that open the help page, the move list and the game
-// file in the system's viewer.
-constexpr size_t DIMENSIONE_COMANDO_VISUALIZZATORE = 512;
-extern char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
-extern char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
-extern char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
-
 // Records read from the console in one go.
 constexpr uint32_t EVENTI_PER_LETTURA = 128;
 

@@ -8,7 +8,10 @@
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "console/schermo.h"
+#include "diagnostics/stampa.h"
 #include "game/aggiudicazione.h"
+#include "game/file_partita.h"
+#include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
@@ -19,7 +22,10 @@ char comando[MASSIMO_CARATTERI_COMANDO + 1];
 uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";
 uint32_t fuoco;
-void (*SalvataggioInUscita)();
+
+char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
+char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
+char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
 
 const RigaComando Comandi[NUMERO_COMANDI] = {
     {"invio", "Esegue la mossa specificata e preme l'orologio se in moto."},
@@ -283,6 +289,8 @@ void AggiornaTempoASchermo() {
 
 void StampaPosizione() {
   StampaDirittiArrocco();
+  StampaSemimosse();
+  StampaRipetizioni();
   StampaMossaCorrente();
   StampaScacchiera();
   ImpostaFocus();
@@ -304,12 +312,115 @@ void NuovaPartita(const char* testo) {
   PrimaVoltaInMoto = 0;
   AzzeraTempoUTC();
   RevocaAggiudicazione();
+  AzzeraPartita();
   StampaPosizione();
   fuoco = FUOCO_COMANDO;
   ImpostaFocus();
 }
 
 // ---------------------------------------------------------------------------
+
+// ---------------------------------------------------------------------------
+// Moves, take-backs, new games, files.
+
+// "'<field>' - " followed by the reason, in a notice.
+static void AvvisaComando(const char* motivo) {
+  SvuotaMessaggio();
+  AggiungiCarattere('\'');
+  AggiungiTesto(comando);
+  AggiungiTesto("' - ");
+  AggiungiTesto(motivo);
+  Avvisa(messaggio);
+}
+
+void InterpretaComando() {
+  if (std::strcmp(comando, "cs") == 0) {
+    StampaChiaroScuro();
+    return;
+  }
+  if (!LeggiDettagliMossaDaComando(comando)) {
+    AvvisaComando("non e' un comando valido");
+    return;
+  }
+  if (PartitaAggiudicata()) {
+    if (dom_AggiudicataModificaCMQ() == IDNO) return;
+    RevocaAggiudicazione();
+  }
+  if (PartitaCompleta()) {
+    Avvisa(TestoPartitaCompleta);
+    return;
+  }
+  const uint64_t mossa = FaiMossaInComando();
+  if (!mossa) {
+    AvvisaComando("non e' una mossa legale");
+    return;
+  }
+  AnnotaMossa(mossa);
+  StampaPosizione();
+  piattaforma::Suona(3000, 5);
+}
+
+void comando_invio() {
+  if (CharatteriInComando == 0) return;
+  comando[CharatteriInComando] = 0;
+  fuoco = FUOCO_COMANDO;
+  SvuotaCampoComando();
+  InterpretaComando();
+}
+
+void comando_RitiraUltimaMossa() {
+  if (ContatoreMosse == 0) {
+    Avvisa("La posizione e' quella iniziale: Non c'e' alcuna mossa da ritirare.");
+    return;
+  }
+  if (InMoto) {
+    Avvisa("Per modificare la posizione e' prima necessario fermare l'orologio.");
+    return;
+  }
+  if (PartitaAggiudicata()) {
+    if (dom_AggiudicataModificaCMQ() == IDNO) return;
+    RevocaAggiudicazione();
+  }
+  RitiraUltimaMossa();
+  StampaPosizione();
+  piattaforma::Suona(3000, 5);
+  piattaforma::Suona(50000, 3);
+  piattaforma::Suona(3000, 5);
+}
+
+void comando_NuovaPartita() {
+  switch (Domanda("Salvare la partita corrente?", MB_YESNOCANCEL)) {
+    case IDYES:
+      SalvaPartita();
+      piattaforma::Suona(3000, 5);
+      NuovaPartita(FenIniziale);
+      break;
+    case IDNO:
+      NuovaPartita(FenIniziale);
+      break;
+    default:
+      break;  // Cancel, or a box that could not be shown
+  }
+}
+
+void comandoSalvaPartita() {
+  SalvaPartita();
+  piattaforma::Suona(3000, 5);
+}
+
+void comando_VisualizzaListaComandi() {
+  piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaListaComandi);
+}
+
+void comando_VisualizzaListaMosse() {
+  ScriviElencoMosse();
+  piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaListaMosse);
+}
+
+void comando_VisualizzaPartitaPgn() {
+  SalvaPartita();
+  piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaPartitaPgn);
+}
 
 void ChiudiIlProgramma() {
   piattaforma::ChiudiConsole();
@@ -319,7 +430,7 @@ void ChiudiIlProgramma() {
 void comando_esci() {
   switch (Domanda("Salvare la partita prima di uscire?", MB_YESNOCANCEL)) {
     case IDYES:
-      if (SalvataggioInUscita) SalvataggioInUscita();
+      SalvaPartita();
       piattaforma::Suona(3000, 5);
       ChiudiIlProgramma();
     case IDNO:

@@ -1,6 +1,7 @@
 // The command field, the focus marker and the key-command handlers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 constexpr uint32_t MASSIMO_CARATTERI_COMANDO = 8;
@@ -56,5 +57,20 @@ struct RigaComando {
 constexpr int NUMERO_COMANDI = 21;
 extern const RigaComando Comandi[NUMERO_COMANDI];
 
-// The save run by "Yes" to the exit question; the game record installs it.
-extern void (*SalvataggioInUscita)();
+// Enter: the field's text is a move, or the hidden command "cs".
+void comando_invio();
+void InterpretaComando();
+void comando_RitiraUltimaMossa();
+void comando_NuovaPartita();
+void comandoSalvaPartita();
+// F1, F5, F9: the help page, the move list and the game file in the viewer.
+void comando_VisualizzaListaComandi();
+void comando_VisualizzaListaMosse();
+void comando_VisualizzaPartitaPgn();
+
+// Shell command lines that open the help page, the move list and the game
+// file in the system's viewer.
+constexpr size_t DIMENSIONE_COMANDO_VISUALIZZATORE = 512;
+extern char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
+extern char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
+extern char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];

@@ -8,6 +8,7 @@
 #include "clock/orologio.h"
 #include "console/guida.h"
 #include "game/aggiudicazione.h"
+#include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
@@ -183,6 +184,16 @@ void StampaMossaCorrente() {
     AggiungiTesto(" )");
   }
   StampaMessaggioCentrato(y_mossa_corrente);
+}
+
+void StampaSemimosse() {
+  ComponiFraseSemimosse();
+  StampaMessaggioCentrato(y_semimosse);
+}
+
+void StampaRipetizioni() {
+  ComponiFraseRipetizioni();
+  StampaMessaggioCentrato(y_ripetizioni);
 }
 
 void StampaLineaTempo(int colore, int32_t secondi) {

@@ -30,6 +30,8 @@ extern const char* const StringaStatoOrologio[2];     // by InMoto
 void StampaCadenza();
 void StampaDirittiArrocco();
 void StampaMossaCorrente();
+void StampaSemimosse();
+void StampaRipetizioni();
 // A side's time line: sign column 43, then hours, minutes and seconds.
 void StampaLineaTempo(int colore, int32_t secondi);
 

@@ -9,9 +9,6 @@ namespace {
 
 using G = GruppoTasti;
 using S = CondizioneShift;
-// A row whose handler is not linked into this build: the key is ignored
-// like an unlisted one.
-constexpr Azione SENZA_GESTORE(const char* nome) { return {nome, nullptr}; }
 
 constexpr IntervalloTasti Nessuno = {1, 0};
 constexpr IntervalloTasti Tasto(WORD codice) { return {codice, codice}; }
@@ -78,7 +75,7 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
     {G::Ctrl,
      {Tasto(VK_CANCEL), Tasto(VK_DELETE)},
      S::Qualsiasi,
-     SENZA_GESTORE("comando_RitiraUltimaMossa"),
+     PENDRINO_AZIONE(comando_RitiraUltimaMossa),
      0,
      false},
     {G::Ctrl,
@@ -95,8 +92,8 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
      false},
 
     {G::Alt, {Tasto(VK_F4), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_esci), 0, false},
-    {G::Alt, {Tasto('N'), Nessuno}, S::Qualsiasi, SENZA_GESTORE("comando_NuovaPartita"), 0, false},
-    {G::Alt, {Tasto('S'), Nessuno}, S::Qualsiasi, SENZA_GESTORE("comandoSalvaPartita"), 0, false},
+    {G::Alt, {Tasto('N'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_NuovaPartita), 0, false},
+    {G::Alt, {Tasto('S'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comandoSalvaPartita), 0, false},
     {G::Alt,
      {{'1', '5'}, {VK_NUMPAD1, VK_NUMPAD5}},
      S::Qualsiasi,
@@ -116,19 +113,19 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
     {G::Semplice,
      {Tasto(VK_F1), Nessuno},
      S::Qualsiasi,
-     SENZA_GESTORE("comando_VisualizzaListaComandi"),
+     PENDRINO_AZIONE(comando_VisualizzaListaComandi),
      0,
      false},
     {G::Semplice,
      {Tasto(VK_F5), Nessuno},
      S::Qualsiasi,
-     SENZA_GESTORE("comando_VisualizzaListaMosse"),
+     PENDRINO_AZIONE(comando_VisualizzaListaMosse),
      0,
      false},
     {G::Semplice,
      {Tasto(VK_F9), Nessuno},
      S::Qualsiasi,
-     SENZA_GESTORE("comando_VisualizzaPartitaPgn"),
+     PENDRINO_AZIONE(comando_VisualizzaPartitaPgn),
      0,
      false},
     {G::Semplice, {Tasto(VK_HOME), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_home), 0, false},
@@ -154,7 +151,7 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
     {G::Semplice,
      {Tasto(VK_RETURN), Nessuno},
      S::Qualsiasi,
-     SENZA_GESTORE("comando_invio"),
+     PENDRINO_AZIONE(comando_invio),
      0,
      false},
     {G::Semplice,

@@ -24,7 +24,6 @@ class AmbienteConsole : public ::testing::Test {
     TempoRimasto[0] = TempoRimasto[1] = 0;
     InizioTempo = 0;
     ContatoreMosse = 0;
-    SalvataggioInUscita = nullptr;
     SvuotaMessaggio();
     DopoFinestra = ImpostaFocus;
     // A settings file with the defaults, so that start-up reads it quietly;

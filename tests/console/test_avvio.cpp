@@ -248,17 +248,20 @@ TEST_F(Avvio, AltGrEF4NonEsce) {
   EXPECT_TRUE(memoria::ConsoleAperta());
 }
 
-TEST_F(Avvio, AzioniSenzaGestoreSonoIgnorate) {
+TEST_F(Avvio, IFileSiApronoNelVisualizzatore) {
   inizializza();
-  const std::string prima = Schermo();
-  // Rows whose handlers are not in this build act like unlisted keys.
-  memoria::AccodaTasto(VK_F9);
   memoria::AccodaTasto(VK_F1);
-  memoria::AccodaTasto(VK_RETURN, SHIFT_PRESSED);
-  memoria::AccodaTasto('N', LEFT_ALT_PRESSED, 'n');
+  memoria::AccodaTasto(VK_F5);
+  memoria::AccodaTasto(VK_F9);
   TurnoCiclo();
-  EXPECT_EQ(Schermo(), prima);
-  EXPECT_TRUE(memoria::ComandiVisualizzatore().empty());
+  ASSERT_EQ(memoria::ComandiVisualizzatore().size(), 3u);
+  EXPECT_EQ(memoria::ComandiVisualizzatore()[0], "start leggimi.html");
+  EXPECT_EQ(memoria::ComandiVisualizzatore()[1], "start ListaMosse.txt");
+  EXPECT_EQ(memoria::ComandiVisualizzatore()[2], "start partita.pgn");
+  // Each file is written before it is shown.
+  EXPECT_TRUE(memoria::EsisteFile("leggimi.html"));
+  EXPECT_TRUE(memoria::EsisteFile("ListaMosse.txt"));
+  EXPECT_TRUE(memoria::EsisteFile("partita.pgn"));
 }
 
 // ---------------------------------------------------------------------------

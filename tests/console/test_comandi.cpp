@@ -7,8 +7,6 @@ using namespace piattaforma::win32;
 
 namespace {
 
-int Salvataggi = 0;
-void ContaSalvataggio() { ++Salvataggi; }
 
 class Comandi : public AmbienteConsole {
  protected:
@@ -29,15 +27,14 @@ class Comandi : public AmbienteConsole {
     }
   }
   // Answers the exit question with `risposta`, expecting the program to end
-  // with status 0; returns how many times the game was saved on the way.
+  // with status 0; returns 1 when the game file was written on the way.
   static int EsciRispondendo(int risposta) {
     piattaforma::ApriConsole();
-    Salvataggi = 0;
-    SalvataggioInUscita = ContaSalvataggio;
+    memoria::RimuoviFile("partita.pgn");
     memoria::AccodaRisposta(risposta);
     Esce([] { comando_esci(); });
     EXPECT_FALSE(memoria::ConsoleAperta());
-    return Salvataggi;
+    return memoria::EsisteFile("partita.pgn") ? 1 : 0;
   }
 };
 
@@ -278,11 +275,13 @@ TEST_F(Comandi, EsciSiSalvaSuonaEChiude) {
   ToniSono({{3000, 5}});
 }
 
-TEST_F(Comandi, EsciSiSenzaFileDiPartitaChiudeComunque) {
+TEST_F(Comandi, EsciSiConFileNonScrivibileChiudeComunque) {
   piattaforma::ApriConsole();
+  memoria::ImpostaSolaLettura(true);
   memoria::AccodaRisposta(IDYES);
   EXPECT_THROW(comando_esci(), memoria::UscitaProcesso);
   EXPECT_FALSE(memoria::ConsoleAperta());
+  EXPECT_FALSE(memoria::EsisteFile("partita.pgn"));
   ToniSono({{3000, 5}});
 }
 
