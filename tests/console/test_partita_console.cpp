@@ -155,7 +155,8 @@ TEST_F(PartitaConsole, MossaSuPartitaAggiudicataChiedeDiRevocare) {
   Mosse({"f3", "e5", "g4", "Qh4"});
   ASSERT_STREQ(Result, "0-1");
   memoria::Azzera();
-  // The mated side has no move, but Black's queen can still be typed for.
+  // The question comes before the move is looked for: White, mated, has
+  // no move at all.
   Mossa("Kf2");
   ASSERT_EQ(memoria::Finestre().size(), 1u);
   EXPECT_EQ(memoria::Finestre()[0].testo,
@@ -184,6 +185,28 @@ TEST_F(PartitaConsole, CtrlCancAllInizioAvvisaESoloQuello) {
   EXPECT_EQ(memoria::Finestre()[0].stile, AVVISO);
   EXPECT_TRUE(memoria::Toni().empty());
   EXPECT_EQ(Schermo(), schermo);
+}
+
+TEST_F(PartitaConsole, CtrlCancConIlNeroAlTrattoDallInizioAvvisa) {
+  // A game from a position with Black to move starts at ply 1: nothing of
+  // it to take back there either, and no tone of a take-back.
+  NuovaPartita("4k3/8/8/8/8/8/8/R3K3 b - - 0 1");
+  ASSERT_EQ(ContatoreMosse, 1u);
+  const Istantanea inizio = Fotografa();
+  const std::string schermo = Schermo();
+  Ritira();
+  ASSERT_EQ(memoria::Finestre().size(), 1u);
+  EXPECT_EQ(memoria::Finestre()[0].testo,
+            "La posizione e' quella iniziale: Non c'e' alcuna mossa da ritirare.");
+  EXPECT_TRUE(memoria::Toni().empty());
+  EXPECT_EQ(Fotografa(), inizio);
+  EXPECT_EQ(Schermo(), schermo);
+  Mossa("Kd7");
+  Ritira();
+  EXPECT_EQ(Fotografa(), inizio);
+  Ritira();
+  EXPECT_EQ(memoria::Finestre().size(), 2u);
+  EXPECT_EQ(Fotografa(), inizio);
 }
 
 TEST_F(PartitaConsole, CtrlCancRitiraLUltimaSemimossa) {
