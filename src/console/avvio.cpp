@@ -18,7 +18,6 @@
 
 using namespace piattaforma::win32;
 
-
 // The lower layers draw through the console: the diagnostics at the cursor
 // and on the board panel, the clock and the game on their lines, each time
 // with the cursor back on the focus.

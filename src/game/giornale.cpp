@@ -298,8 +298,8 @@ void AggiornaGiornale(bool avviso) {
   bool riuscito = true;
   if (da_riscrivere || nuova_partita || !ComponiDifferenze(o)) {
     ComponiTutto(o);
-    riuscito = !testo.pieno &&
-               piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.usati);
+    riuscito =
+        !testo.pieno && piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.usati);
   } else if (testo.usati > 0) {
     riuscito = piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.usati);
   }
@@ -437,8 +437,7 @@ bool Esito(const char* s, size_t n, RecordGiornale& r) {
       !TestoLibero(secondo + 1, size_t(s + n - secondo - 1), r.commento, sizeof r.commento))
     return false;
   const bool aperta = std::strcmp(r.result, "*") == 0;
-  if (aperta)
-    return std::strcmp(r.termination, "?") == 0 && r.commento[0] == 0;
+  if (aperta) return std::strcmp(r.termination, "?") == 0 && r.commento[0] == 0;
   return (std::strcmp(r.result, "1-0") == 0 || std::strcmp(r.result, "0-1") == 0 ||
           std::strcmp(r.result, "1/2-1/2") == 0) &&
          r.termination[0] != 0;
@@ -521,8 +520,7 @@ bool LeggiRigaGiornale(const char* riga, size_t lunghezza, RecordGiornale& r) {
         if (!campi.Prossimo(s, n) || !Intero(s, n, INT32_MIN, INT32_MAX, v)) return false;
         r.tempo[k] = int32_t(v);
       }
-      if (!campi.Prossimo(s, n) || !Forma(s, n, "9999.99.99", r.data, sizeof r.data))
-        return false;
+      if (!campi.Prossimo(s, n) || !Forma(s, n, "9999.99.99", r.data, sizeof r.data)) return false;
       if (!campi.Prossimo(s, n) || !Forma(s, n, "99:99:99", r.ora, sizeof r.ora)) return false;
       break;
     default:
@@ -587,7 +585,7 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       if (!gioca_) break;
       if (PartitaCompleta()) return false;
       const int8_t promossa = r.promozione < 0 ? VALORE_SCONOSCIUTO : r.promozione;
-      DettagliMossa = {VALORE_SCONOSCIUTO, promossa,    r.colonna[0],
+      DettagliMossa = {VALORE_SCONOSCIUTO, promossa,     r.colonna[0],
                        r.riga[0],          r.colonna[1], r.riga[1]};
       const uint64_t trovata = TrovaMossaCompatibile();
       const uint32_t promozione = r.promozione < 0 ? NESSUN_PEZZO : uint32_t(r.promozione);

@@ -62,16 +62,16 @@ void ChiudiGiornale();
 constexpr size_t LUNGHEZZA_MASSIMA_RIGA_GIORNALE = 256;
 
 struct RecordGiornale {
-  char tipo;  // 'I', 'P', 'M', 'R', 'E', 'T', 'F'
-  uint32_t semimossa;                    // M, R
-  int8_t colonna[2], riga[2];            // M: origin, destination (rows from rank 8)
-  int8_t promozione;                     // M: kind 1..4, or -1
-  char testo[8];                         // M: the record's text
-  int32_t parametro[NUMERO_PARAMETRI];   // P
+  char tipo;                                      // 'I', 'P', 'M', 'R', 'E', 'T', 'F'
+  uint32_t semimossa;                             // M, R
+  int8_t colonna[2], riga[2];                     // M: origin, destination (rows from rank 8)
+  int8_t promozione;                              // M: kind 1..4, or -1
+  char testo[8];                                  // M: the record's text
+  int32_t parametro[NUMERO_PARAMETRI];            // P
   char result[8], termination[64], commento[64];  // E
-  uint32_t in_moto, prima_volta;         // T
-  int32_t tempo[2];                      // T
-  char data[16], ora[12];                // T
+  uint32_t in_moto, prima_volta;                  // T
+  int32_t tempo[2];                               // T
+  char data[16], ora[12];                         // T
 };
 
 // One line without its line end ("\r" before it is allowed): true when it is

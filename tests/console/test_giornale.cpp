@@ -77,8 +77,14 @@ class GiornaleConsole : public AmbienteConsole {
     bool operator==(const Partita&) const = default;
   };
   static Partita Fotografia() {
-    Partita p{Fotografa(),      {},       Ripetizioni, std::string(Result) + "|" + Termination + "|" + CommentoRisultato,
-              {TempoRimasto[0], TempoRimasto[1]}, PrimaVoltaInMoto, DataUTC, OraUTC};
+    Partita p{Fotografa(),
+              {},
+              Ripetizioni,
+              std::string(Result) + "|" + Termination + "|" + CommentoRisultato,
+              {TempoRimasto[0], TempoRimasto[1]},
+              PrimaVoltaInMoto,
+              DataUTC,
+              OraUTC};
     for (uint64_t n = 1; n <= ContatoreMosse; ++n) p.testi.push_back(ElencoStringaMossa[n]);
     return p;
   }

@@ -21,10 +21,9 @@ namespace {
 using CorpusGiornale = AmbientePartita;
 
 TEST_F(CorpusGiornale, OgniGiornaleDelCorpusSiLeggeSenzaDanni) {
-  const std::filesystem::path cartella =
-      (std::filesystem::path(PENDRINO_DATI_TEST) / ".." / ".." / ".." / "fuzz" / "corpus" /
-       "giornale")
-          .lexically_normal();
+  const std::filesystem::path cartella = (std::filesystem::path(PENDRINO_DATI_TEST) / ".." / ".." /
+                                          ".." / "fuzz" / "corpus" / "giornale")
+                                             .lexically_normal();
   ASSERT_TRUE(std::filesystem::is_directory(cartella)) << cartella;
   int file = 0, ripresi = 0, danneggiati = 0, chiusi = 0;
   for (const auto& voce : std::filesystem::directory_iterator(cartella)) {

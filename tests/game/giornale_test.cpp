@@ -47,8 +47,17 @@ struct Partita {
 };
 
 Partita Fotografia() {
-  Partita p{Fotografa(), {}, ParoleLegali(), Ripetizioni, {PosizioneRipetuta[0], PosizioneRipetuta[1]},
-            Stato(),     {TempoRimasto[0], TempoRimasto[1]}, InMoto, PrimaVoltaInMoto, DataUTC, OraUTC};
+  Partita p{Fotografa(),
+            {},
+            ParoleLegali(),
+            Ripetizioni,
+            {PosizioneRipetuta[0], PosizioneRipetuta[1]},
+            Stato(),
+            {TempoRimasto[0], TempoRimasto[1]},
+            InMoto,
+            PrimaVoltaInMoto,
+            DataUTC,
+            OraUTC};
   for (uint64_t n = 1; n <= ContatoreMosse; ++n) p.testi.push_back(ElencoStringaMossa[n]);
   return p;
 }
@@ -95,9 +104,9 @@ class Giornale : public AmbientePartita {
 
 TEST_F(Giornale, UnaNuovaPartitaScriveInizioImpostazioniEOrologio) {
   AvviaGiornale();
-  EXPECT_EQ(Contenuto(),
-            Riga("I 20261123T090507Z 1") + Riga("P 20261123T090507Z 1 40 120 0 30 0 1 15 30 60 90 120") +
-                Riga("T 20261123T090507Z 0 0 7200000 7200000 ? ?"));
+  EXPECT_EQ(Contenuto(), Riga("I 20261123T090507Z 1") +
+                             Riga("P 20261123T090507Z 1 40 120 0 30 0 1 15 30 60 90 120") +
+                             Riga("T 20261123T090507Z 0 0 7200000 7200000 ? ?"));
 }
 
 TEST_F(Giornale, OgniMossaAccodaIlSuoRecordConCoordinateETesto) {
@@ -210,7 +219,8 @@ TEST_F(Giornale, UnaRigaAlterataOSenzaControlloNonSiLegge) {
        {"M 20261123T090507Z 1 e2 e9 - e4", "M 20261123T090507Z 1 e2 e4 K e4",
         "P 20261123T090507Z 3 40 120 0 30 0 1 5 0 0 0 0", "T 20261123T090507Z 2 0 1 1 ? ?",
         "T 20261123T090507Z 0 0 1 1 2026-11-23 ?", "E 20261123T090507Z 2-0|x|y",
-        "I 20261123T090507Z 2", "X 20261123T090507Z", "F 2026112T090507Z", "F 20261123T090507Z 1"}) {
+        "I 20261123T090507Z 2", "X 20261123T090507Z", "F 2026112T090507Z",
+        "F 20261123T090507Z 1"}) {
     const std::string r2 = Riga(carico);
     EXPECT_FALSE(LeggiRigaGiornale(r2.data(), r2.size() - 1, r)) << carico;
   }
@@ -248,7 +258,8 @@ TEST_F(Giornale, LaPartitaRicostruitaEUgualeAQuellaGiocata) {
   EXPECT_FALSE(esito.troncato);
   EXPECT_EQ(esito.semimossa, 12u);
   const Partita ripresa = Fotografia();
-  EXPECT_EQ(ripresa.posizione, giocata.posizione) << Differenze(giocata.posizione, ripresa.posizione);
+  EXPECT_EQ(ripresa.posizione, giocata.posizione)
+      << Differenze(giocata.posizione, ripresa.posizione);
   EXPECT_EQ(ripresa.testi, giocata.testi);
   EXPECT_EQ(ripresa, giocata);
   EXPECT_TRUE(memoria::Finestre().empty());
@@ -318,7 +329,7 @@ TEST_F(Giornale, RigheIncomprensibiliFermanoLaRicostruzione) {
   Mosse({"e4", "e5", "Nf3", "Nc6"});
   const auto righe = Righe(Contenuto());
   for (const std::string& guasto : {std::string("spazzatura"), std::string(""),
-                                   std::string(5000, 'x'), std::string("\0\1\2", 3)}) {
+                                    std::string(5000, 'x'), std::string("\0\1\2", 3)}) {
     std::string testo;
     for (size_t i = 0; i < righe.size(); ++i) {
       if (i == 5) testo += guasto + "\n";
@@ -362,9 +373,9 @@ TEST_F(Giornale, UnTestoDiversoDaQuelloDellaMossaFermaLaRicostruzione) {
 }
 
 TEST_F(Giornale, SenzaInizioNonCeNullaDaRiprendere) {
-  for (const std::string& testo : {std::string(), std::string("ciao\n"),
-                                  Riga("M 20261123T090507Z 1 e2 e4 - e4"),
-                                  Riga("F 20261123T090507Z")}) {
+  for (const std::string& testo :
+       {std::string(), std::string("ciao\n"), Riga("M 20261123T090507Z 1 e2 e4 - e4"),
+        Riga("F 20261123T090507Z")}) {
     const EsitoGiornale esito = LeggiGiornale(testo.data(), testo.size(), false);
     EXPECT_FALSE(esito.inizio);
     EXPECT_FALSE(esito.danneggiato);
