@@ -305,28 +305,19 @@ EsitoRodaggio Rodaggio(uint64_t partite, uint64_t seme) {
 }
 
 std::string DescriviRodaggio(const EsitoRodaggio& e) {
-  char riga[512];
-  std::string s;
-  std::snprintf(riga, sizeof riga, "games %llu, plies %llu, take-backs %llu, self-checks %llu\n",
-                (unsigned long long)e.partite, (unsigned long long)e.semimosse,
-                (unsigned long long)e.ritiri, (unsigned long long)e.controlli);
-  s += riga;
-  std::snprintf(riga, sizeof riga,
-                "endings: checkmate %llu, stalemate %llu, insufficient material %llu, "
-                "threefold repetition %llu, fifty-move question %llu, record full %llu, "
-                "stopped at the cap %llu\n",
-                (unsigned long long)e.matti, (unsigned long long)e.stalli,
-                (unsigned long long)e.materiale, (unsigned long long)e.triplici,
-                (unsigned long long)e.cinquanta, (unsigned long long)e.limite,
-                (unsigned long long)e.tetto);
-  s += riga;
-  std::snprintf(riga, sizeof riga,
-                "reports: expected %llu (White's queen-side castling %llu, Black's %llu, both "
-                "%llu; boards drawn %llu), unexpected %llu\n",
-                (unsigned long long)e.Attesi(), (unsigned long long)e.attesi_bianco,
-                (unsigned long long)e.attesi_nero, (unsigned long long)e.attesi_entrambi,
-                (unsigned long long)e.scacchiere, (unsigned long long)e.guasti);
-  s += riga;
+  // std::to_string rather than printf's 64-bit formats, which the Windows
+  // C runtime does not all know.
+  auto N = [](uint64_t n) { return std::to_string(n); };
+  std::string s = "games " + N(e.partite) + ", plies " + N(e.semimosse) + ", take-backs " +
+                  N(e.ritiri) + ", self-checks " + N(e.controlli) + "\n";
+  s += "endings: checkmate " + N(e.matti) + ", stalemate " + N(e.stalli) +
+       ", insufficient material " + N(e.materiale) + ", threefold repetition " + N(e.triplici) +
+       ", fifty-move question " + N(e.cinquanta) + ", record full " + N(e.limite) +
+       ", stopped at the cap " + N(e.tetto) + "\n";
+  s += "reports: expected " + N(e.Attesi()) + " (White's queen-side castling " +
+       N(e.attesi_bianco) + ", Black's " + N(e.attesi_nero) + ", both " + N(e.attesi_entrambi) +
+       "; boards drawn " + N(e.scacchiere) + "), unexpected " + N(e.guasti) + "\n";
+  char riga[128];
   std::snprintf(riga, sizeof riga, "wall time %.2f s, %.0f plies/s\n", e.secondi,
                 e.secondi > 0 ? double(e.semimosse) / e.secondi : 0.0);
   s += riga;
