@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "console/comandi.h"
+#include "messaggi/composizione.h"
 #include "piattaforma/piattaforma.h"
 
 const char* const NomeFileGuida = "leggimi.html";
@@ -43,33 +44,12 @@ const char* const Nota[NUMERO_NOTE] = {
 
 namespace {
 
-// Appends to a fixed buffer, always zero-terminated; what does not fit is
-// counted but not written, so the caller learns the whole length.
-class Composizione {
- public:
-  Composizione(char* testo, size_t capienza) : testo_(testo), capienza_(capienza) {
-    if (capienza_ > 0) testo_[0] = 0;
-  }
-  // The pieces of a format "prima%sdopo": the value between.
-  void Testo(const char* prima, const char* valore = "", const char* dopo = "") {
-    for (const char* parte : {prima, valore, dopo})
-      for (const char* c = parte; *c; ++c) Carattere(*c);
-  }
-  size_t Lunghezza() const { return usati_; }
-
- private:
-  void Carattere(char c) {
-    if (usati_ + 1 < capienza_) {
-      testo_[usati_] = c;
-      testo_[usati_ + 1] = 0;
-    }
-    ++usati_;
-  }
-
-  char* testo_;
-  size_t capienza_;
-  size_t usati_ = 0;
-};
+// The pieces of a format "prima%sdopo": the value between.
+void Parti(Composizione& c, const char* prima, const char* valore = "", const char* dopo = "") {
+  c.Testo(prima);
+  c.Testo(valore);
+  c.Testo(dopo);
+}
 
 // The page with the longest section a platform supplies, with room to spare.
 char TestoDellaGuida[1 << 14];
@@ -78,29 +58,29 @@ char TestoDellaGuida[1 << 14];
 
 size_t TestoElencoComandi(char* testo, size_t capienza) {
   Composizione c(testo, capienza);
-  c.Testo("<html><head>");
-  c.Testo("<title>", "Guida di Pendrino1.0", "</title>");
-  c.Testo(
-      "<style type='text/css'> td, th { padding-left: 50px; text-align: left; } "
-      "</style></head><body>");
-  c.Testo("<h1>", "Pendrino1.0");
-  c.Testo(" - ", "Orologio per gli scacchi", "</h1>");
-  c.Testo("<h2>", RigaDeiCrediti, "</h2>");
-  c.Testo("<h3>", "Comandi", "</h3><table>");
-  c.Testo("<tr><th scope='column'>", "comando", "</th>");
-  c.Testo("<th scope='column'>", "funzione", "</th></tr>");
+  Parti(c, "<html><head>");
+  Parti(c, "<title>", "Guida di Pendrino1.0", "</title>");
+  Parti(c,
+        "<style type='text/css'> td, th { padding-left: 50px; text-align: left; } "
+        "</style></head><body>");
+  Parti(c, "<h1>", "Pendrino1.0");
+  Parti(c, " - ", "Orologio per gli scacchi", "</h1>");
+  Parti(c, "<h2>", RigaDeiCrediti, "</h2>");
+  Parti(c, "<h3>", "Comandi", "</h3><table>");
+  Parti(c, "<tr><th scope='column'>", "comando", "</th>");
+  Parti(c, "<th scope='column'>", "funzione", "</th></tr>");
   for (const RigaComando& riga : Comandi) {
-    c.Testo("<tr><td scope='row'>", riga.tasti, "</td>");
+    Parti(c, "<tr><td scope='row'>", riga.tasti, "</td>");
     // The closing tag lacks its '>' on purpose: the page is kept as it is
     // known, and browsers read it.
-    c.Testo("<td>", riga.descrizione, "</td</tr>");
+    Parti(c, "<td>", riga.descrizione, "</td</tr>");
   }
-  c.Testo("</table><br /><br />");
-  c.Testo("<hr><h3>", "Note", "</h3><p>");
-  for (int i = 0; i < NOTE_USATE; ++i) c.Testo("", Nota[i], "<br />");
-  c.Testo("</p><hr>");
-  if (const char* sezione = piattaforma::SezioneTastiAlternativi()) c.Testo(sezione);
-  c.Testo("</body></html>");
+  Parti(c, "</table><br /><br />");
+  Parti(c, "<hr><h3>", "Note", "</h3><p>");
+  for (int i = 0; i < NOTE_USATE; ++i) Parti(c, "", Nota[i], "<br />");
+  Parti(c, "</p><hr>");
+  if (const char* sezione = piattaforma::SezioneTastiAlternativi()) Parti(c, sezione);
+  Parti(c, "</body></html>");
   return c.Lunghezza();
 }
 

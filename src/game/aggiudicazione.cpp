@@ -1,10 +1,13 @@
 #include "game/aggiudicazione.h"
 
+#include "messaggi/composizione.h"
+
 #include <cstddef>
 #include <cstdint>
 
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 
@@ -30,16 +33,6 @@ constexpr const char* PATTA = "1/2-1/2";
 constexpr const char* TEMPO_SCADUTO = "time forfeit";
 
 constexpr uint64_t CASE_SCURE = 0x55AA55AA55AA55AAull;
-
-// Forward byte copy: also safe when the text is the buffer itself.
-void CopiaLimitata(char* destinazione, size_t dimensione, const char* testo) {
-  size_t i = 0;
-  while (i + 1 < dimensione && testo[i]) {
-    destinazione[i] = testo[i];
-    ++i;
-  }
-  destinazione[i] = 0;
-}
 
 void RidisegnaMossaCorrente() {
   if (SchermoDellaPartita.mossa_corrente) SchermoDellaPartita.mossa_corrente();

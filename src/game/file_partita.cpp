@@ -6,6 +6,7 @@
 #include "clock/cadenza.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
+#include "messaggi/composizione.h"
 #include "piattaforma/piattaforma.h"
 
 const char* const NomeFilePartita = "partita.pgn";
@@ -14,49 +15,14 @@ const char* const NomeAnnotatore = "Pendrino1.0";
 
 namespace {
 
-// Appends to a fixed buffer, always zero-terminated; what does not fit is
-// counted but not written, so the caller learns the whole length.
-class Composizione {
- public:
-  Composizione(char* testo, size_t capienza) : testo_(testo), capienza_(capienza) {
-    if (capienza_ > 0) testo_[0] = 0;
-  }
-
-  void Testo(const char* testo, size_t massimo = SIZE_MAX) {
-    for (size_t i = 0; i < massimo && testo[i]; ++i) Carattere(testo[i]);
-  }
-  void Numero(uint64_t numero) {
-    char cifre[21];
-    int n = 0;
-    do {
-      cifre[n++] = char('0' + numero % 10);
-      numero /= 10;
-    } while (numero);
-    while (n) Carattere(cifre[--n]);
-  }
-  // A tag line: [nome "valore"].
-  void Etichetta(const char* nome, const char* valore, size_t massimo = SIZE_MAX) {
-    Testo("[");
-    Testo(nome);
-    Testo(" \"");
-    Testo(valore, massimo);
-    Testo("\"]\n");
-  }
-  size_t Lunghezza() const { return usati_; }
-
- private:
-  void Carattere(char c) {
-    if (usati_ + 1 < capienza_) {
-      testo_[usati_] = c;
-      testo_[usati_ + 1] = 0;
-    }
-    ++usati_;
-  }
-
-  char* testo_;
-  size_t capienza_;
-  size_t usati_ = 0;
-};
+// A tag line: [nome "valore"].
+void Etichetta(Composizione& c, const char* nome, const char* valore, size_t massimo = SIZE_MAX) {
+  c.Testo("[");
+  c.Testo(nome);
+  c.Testo(" \"");
+  c.Testo(valore, massimo);
+  c.Testo("\"]\n");
+}
 
 // The plies of the record; a counter past the table would read beyond it.
 uint64_t SemimosseRegistrate() {
@@ -102,21 +68,21 @@ void Scrivi(const char* nome, size_t (*componi)(char*, size_t)) {
 size_t TestoPartita(char* testo, size_t capienza) {
   Composizione c(testo, capienza);
   c.Testo("\n");
-  c.Etichetta("Event", "?");
-  c.Etichetta("White", "?");
-  c.Etichetta("Black", "?");
-  c.Etichetta("WhiteHelo", "?");
-  c.Etichetta("BlackHelo", "?");
-  c.Etichetta("Termination", Termination, sizeof Termination - 1);
-  c.Etichetta("Result", Result, sizeof Result - 1);
-  c.Etichetta("UTCTime", OraUTC, sizeof OraUTC - 1);
-  c.Etichetta("UTCDate", DataUTC, sizeof DataUTC - 1);
-  c.Etichetta("TimeControl", Cadenza, sizeof Cadenza - 1);
-  c.Etichetta("Mode", "TC");
+  Etichetta(c, "Event", "?");
+  Etichetta(c, "White", "?");
+  Etichetta(c, "Black", "?");
+  Etichetta(c, "WhiteHelo", "?");
+  Etichetta(c, "BlackHelo", "?");
+  Etichetta(c, "Termination", Termination, sizeof Termination - 1);
+  Etichetta(c, "Result", Result, sizeof Result - 1);
+  Etichetta(c, "UTCTime", OraUTC, sizeof OraUTC - 1);
+  Etichetta(c, "UTCDate", DataUTC, sizeof DataUTC - 1);
+  Etichetta(c, "TimeControl", Cadenza, sizeof Cadenza - 1);
+  Etichetta(c, "Mode", "TC");
   c.Testo("[PlyCount \"");
   c.Numero(ContatoreMosse);
   c.Testo("\"]\n");
-  c.Etichetta("Annotator", NomeAnnotatore);
+  Etichetta(c, "Annotator", NomeAnnotatore);
 
   const uint64_t semimosse = SemimosseRegistrate();
   for (uint64_t p = 1; p <= semimosse; ++p) {

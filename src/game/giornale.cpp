@@ -9,6 +9,7 @@
 #include "clock/orologio.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
+#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
@@ -123,15 +124,6 @@ bool in_corso = false;
 bool avviso_dovuto = false;
 bool avvisato = false;  // in this game
 
-void Copia(char* destinazione, size_t dimensione, const char* sorgente) {
-  size_t i = 0;
-  while (i + 1 < dimensione && sorgente[i]) {
-    destinazione[i] = sorgente[i];
-    ++i;
-  }
-  destinazione[i] = 0;
-}
-
 // The clock as the journal keeps it: each side's milliseconds left now.
 struct StatoOrologio {
   int32_t tempo[2];
@@ -227,9 +219,9 @@ void Ricorda(const StatoOrologio& o) {
   scritto.semimosse = ContatoreMosse;
   for (uint64_t p = 0; p <= ContatoreMosse && p < MAX_SEMIMOSSE; ++p)
     scritto.mossa[p] = ElencoMosse[p];
-  Copia(scritto.result, sizeof scritto.result, Result);
-  Copia(scritto.termination, sizeof scritto.termination, Termination);
-  Copia(scritto.commento, sizeof scritto.commento, CommentoRisultato);
+  CopiaLimitata(scritto.result, sizeof scritto.result, Result);
+  CopiaLimitata(scritto.termination, sizeof scritto.termination, Termination);
+  CopiaLimitata(scritto.commento, sizeof scritto.commento, CommentoRisultato);
   for (int r = 0; r < NUMERO_PARAMETRI; ++r) scritto.parametro[r] = Parametro(r);
   scritto.in_moto = InMoto;
   scritto.prima_volta = PrimaVoltaInMoto;
@@ -237,8 +229,8 @@ void Ricorda(const StatoOrologio& o) {
   scritto.tempo[1] = o.tempo[1];
   scritto.secondo = o.secondo;
   scritto.lato = ContatoreMosse & 1;
-  Copia(scritto.data, sizeof scritto.data, DataUTC);
-  Copia(scritto.ora, sizeof scritto.ora, OraUTC);
+  CopiaLimitata(scritto.data, sizeof scritto.data, DataUTC);
+  CopiaLimitata(scritto.ora, sizeof scritto.ora, OraUTC);
 }
 
 void ComponiTutto(const StatoOrologio& o) {
@@ -600,13 +592,13 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       if (std::strcmp(ElencoStringaMossa[ContatoreMosse], r.testo) != 0) {
         // Not the move that was written: back to the last good record.
         char result[8], termination[64], commento[64];
-        Copia(result, sizeof result, Result);
-        Copia(termination, sizeof termination, Termination);
-        Copia(commento, sizeof commento, CommentoRisultato);
+        CopiaLimitata(result, sizeof result, Result);
+        CopiaLimitata(termination, sizeof termination, Termination);
+        CopiaLimitata(commento, sizeof commento, CommentoRisultato);
         RitiraUltimaMossa();
-        Copia(Result, sizeof Result, result);
-        Copia(Termination, sizeof Termination, termination);
-        Copia(CommentoRisultato, sizeof CommentoRisultato, commento);
+        CopiaLimitata(Result, sizeof Result, result);
+        CopiaLimitata(Termination, sizeof Termination, termination);
+        CopiaLimitata(CommentoRisultato, sizeof CommentoRisultato, commento);
         Ripetizioni = ripetizioni;
         PosizioneRipetuta[0] = ripetute[0];
         PosizioneRipetuta[1] = ripetute[1];
@@ -636,8 +628,8 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       TempoRimasto[0] = r.tempo[0];
       TempoRimasto[1] = r.tempo[1];
       PrimaVoltaInMoto = r.prima_volta;
-      Copia(DataUTC, sizeof DataUTC, r.data);
-      Copia(OraUTC, sizeof OraUTC, r.ora);
+      CopiaLimitata(DataUTC, sizeof DataUTC, r.data);
+      CopiaLimitata(OraUTC, sizeof OraUTC, r.ora);
       break;
     default:
       break;
