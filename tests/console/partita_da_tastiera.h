@@ -8,6 +8,7 @@
 
 #include "ambiente_console.h"
 #include "board/fen.h"
+#include "comune/testo.h"
 #include "console/avvio.h"
 #include "game/file_partita.h"
 #include "game/partita.h"
@@ -93,14 +94,6 @@ class PartitaDaTastiera : public AmbienteConsole {
     return testo + " [" + std::to_string(stile) + "]";
   }
 
-  // A text file as this platform writes it.
-  static std::string SulDisco(std::string testo) {
-#ifdef _WIN32
-    for (size_t i = 0; (i = testo.find('\n', i)) != std::string::npos; i += 2)
-      testo.insert(i, 1, '\r');
-#endif
-    return testo;
-  }
   // What the game file and the move list must hold for the game as it
   // stands.
   static std::string PgnAtteso() {

@@ -9,16 +9,17 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
-#include "comune/pgn_extract.h"
+#include "comune/partite_a_caso.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "partita_da_tastiera.h"
 
 namespace {
+
+using partite_a_caso::Coordinate;
 
 constexpr int PARTITE = 200;
 
@@ -27,27 +28,8 @@ const std::string DOMANDA_CINQUANTA =
 const std::string DOMANDA_TRIPLICE =
     "Triplice ripetizione: aggiudicare la patta? [" + std::to_string(MB_YESNO) + "]";
 
-// "e2e4", "e7e8N": the coordinates of a move, with the promotion's letter.
-std::string Coordinate(uint64_t mossa) {
-  std::string t;
-  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
-    t += char('a' + (casa & 7));
-    t += char('8' - (casa >> 3));
-  }
-  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
-  if (promozione != 255) t += "?NBRQ"[promozione];
-  return t;
-}
-
-class PartiteDigitate : public PartitaDaTastiera {
+class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado {
  protected:
-  std::mt19937_64 caso;
-  // The arbiter goes on after every ending, up to the record's last ply.
-  bool fino_al_limite = false;
-  uint64_t Caso(uint64_t n) { return caso() % n; }
-
-  // Keys of the positions after each ply of the game on the board.
-  std::vector<uint64_t> chiavi;
   // The saved games, one after another, for pgn-extract.
   std::string file_partite;
   int partite_salvate = 0;
@@ -70,16 +52,6 @@ class PartiteDigitate : public PartitaDaTastiera {
     CONTATORI
   };
   int conta[CONTATORI] = {};
-
-  // Earlier occurrences of the current position with the same side to move.
-  int Occorrenze() const {
-    int n = 0;
-    for (size_t k = chiavi.size() - 1; k >= 2;) {
-      k -= 2;
-      if (chiavi[k] == ChiaveHash) ++n;
-    }
-    return n;
-  }
 
   // The record's text as a player may type it: castling with zeros or
   // letters, with or without the hyphens.
@@ -113,27 +85,6 @@ class PartiteDigitate : public PartitaDaTastiera {
     ASSERT_EQ(ChiaveHash, chiavi.back());
     ASSERT_FALSE(PartitaAggiudicata());
     ++conta[RITIRI];
-  }
-
-  uint64_t Scegli() {
-    const size_t quante = size_t(FineMosseGenerate - BufferMosseGenerate);
-    const uint64_t modo = Caso(4);
-    // Undoing the side's own last move brings repetitions and long
-    // reversible runs; captures bring the endings.
-    if (modo == 0 && ContatoreMosse >= 2) {
-      const uint64_t propria = ElencoMosse[ContatoreMosse - 1];
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (OrigineMossa(*p) == DestinazioneMossa(propria) &&
-            DestinazioneMossa(*p) == OrigineMossa(propria))
-          return *p;
-    }
-    if (modo == 1) {
-      std::vector<uint64_t> catture;
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (PezzoIn[DestinazioneMossa(*p)] != CASA_VUOTA) catture.push_back(*p);
-      if (!catture.empty()) return catture[Caso(catture.size())];
-    }
-    return BufferMosseGenerate[Caso(quante)];
   }
 
   // One ply, typed twice. False when the game is over.
@@ -262,11 +213,8 @@ class PartiteDigitate : public PartitaDaTastiera {
         if (!NuovaPartitaACaso()) return;
         continue;
       }
-      if (ContatoreMosse > 0 && Caso(20) == 0) {
-        for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r) {
-          Ritira();
-          if (HasFatalFailure()) return;
-        }
+      if (RitiriACaso([this] { Ritira(); })) {
+        if (HasFatalFailure()) return;
         continue;
       }
       if (!GiocaUnaMossa()) break;
@@ -310,10 +258,7 @@ TEST_F(PartiteDigitate, DuecentoPartiteDigitateTastoPerTasto) {
       conta[CINQUANTA], conta[CINQUANTA_ACCOLTE], conta[TRIPLICI], conta[RITIRI],
       conta[ARROCCHI_CON_LETTERE], conta[PROMOZIONI], conta[NUOVE_ANNULLATE], conta[NUOVE_SALVATE],
       conta[NUOVE_SENZA_SALVARE], conta[LIMITE]);
-  if (pgn_extract::MotivoAssenza().empty())
-    EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(file_partite, partite_salvate));
-  else
-    std::printf("pgn-extract not run: %s\n", pgn_extract::MotivoAssenza().c_str());
+  partite_a_caso::LettePgnExtract(file_partite, partite_salvate);
 }
 
 }  // namespace

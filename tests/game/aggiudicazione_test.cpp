@@ -9,6 +9,7 @@
 #include "board/geometria.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "comune/tabelle.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 
@@ -36,11 +37,7 @@ int ChiamateFermaOrologio = 0;
 class Aggiudicazione : public ::testing::Test {
  protected:
   void SetUp() override {
-    static const bool tabelle = [] {
-      InizializzaTabelle();
-      return true;
-    }();
-    (void)tabelle;
+    InizializzaTabelleUnaVolta();
     memoria::Azzera();
     DopoFinestra = nullptr;
     RevocaAggiudicazione();

@@ -16,6 +16,8 @@
 #include "board/posizione.h"
 #include "clock/orologio.h"
 #include "comune/istantanea.h"
+#include "comune/partite_a_caso.h"
+#include "comune/tabelle.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
@@ -32,18 +34,7 @@ constexpr uint64_t Casa(const char* nome) {
   return uint64_t((nome[0] - 'a') + 8 * ('8' - nome[1]));
 }
 
-// "e2e4", "e7e8N": the coordinates of a move word, with the letter of an
-// under-promotion or of a queen's.
-inline std::string Coordinate(uint64_t mossa) {
-  std::string t;
-  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
-    t += char('a' + (casa & 7));
-    t += char('8' - (casa >> 3));
-  }
-  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
-  if (promozione != 255) t += "?NBRQ"[promozione];
-  return t;
-}
+using partite_a_caso::Coordinate;
 
 // The legal move list as coordinates, sorted.
 // The legal move list as move words, sorted: cheaper to compare.
@@ -103,11 +94,7 @@ inline std::string Stato() {
 class AmbientePartita : public ::testing::Test {
  protected:
   void SetUp() override {
-    static const bool tabelle = [] {
-      InizializzaTabelle();
-      return true;
-    }();
-    (void)tabelle;
+    InizializzaTabelleUnaVolta();
     memoria::Azzera();
     DopoFinestra = nullptr;
     SchermoDellOrologio = {};

@@ -4,30 +4,23 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
+#include "comune/corpus.h"
 #include "mossa_prova.h"
 #include "piattaforma/memoria/memoria.h"
 
 namespace {
 
 TEST(CorpusFuzzMossa, OgniTestoDelCorpusSiGiocaSenzaDanni) {
-  // The test data folder is tests/game/dati, which need not exist.
-  const std::filesystem::path cartella =
-      (std::filesystem::path(PENDRINO_DATI_TEST) / ".." / ".." / ".." / "fuzz" / "corpus" / "mossa")
-          .lexically_normal();
+  const std::filesystem::path cartella = corpus::Cartella("mossa");
   ASSERT_TRUE(std::filesystem::is_directory(cartella)) << cartella;
   int file = 0, con_mosse = 0, mosse = 0;
-  for (const auto& voce : std::filesystem::directory_iterator(cartella)) {
-    if (!voce.is_regular_file()) continue;
-    std::ifstream ingresso(voce.path(), std::ios::binary);
-    const std::string dati((std::istreambuf_iterator<char>(ingresso)),
-                           std::istreambuf_iterator<char>());
+  for (const corpus::Voce& voce : corpus::Leggi(cartella)) {
+    const std::string& dati = voce.dati;
     const char* guasto =
         ProvaTestiMossa(reinterpret_cast<const uint8_t*>(dati.data()), dati.size());
-    EXPECT_EQ(guasto, nullptr) << voce.path() << ": " << (guasto ? guasto : "");
+    EXPECT_EQ(guasto, nullptr) << voce.percorso << ": " << (guasto ? guasto : "");
     ++file;
     con_mosse += MosseTenute > 0;
     mosse += MosseTenute;

@@ -4,15 +4,13 @@
 // the clock stays stopped and no box opens.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 
 #include "ambiente_partita.h"
 #include "clock/cadenza.h"
+#include "comune/corpus.h"
 #include "game/giornale.h"
 #include "settings/parametri.h"
 
@@ -21,18 +19,12 @@ namespace {
 using CorpusGiornale = AmbientePartita;
 
 TEST_F(CorpusGiornale, OgniGiornaleDelCorpusSiLeggeSenzaDanni) {
-  const std::filesystem::path cartella = (std::filesystem::path(PENDRINO_DATI_TEST) / ".." / ".." /
-                                          ".." / "fuzz" / "corpus" / "giornale")
-                                             .lexically_normal();
+  const std::filesystem::path cartella = corpus::Cartella("giornale");
   ASSERT_TRUE(std::filesystem::is_directory(cartella)) << cartella;
   int file = 0, ripresi = 0, danneggiati = 0, chiusi = 0;
-  for (const auto& voce : std::filesystem::directory_iterator(cartella)) {
-    if (!voce.is_regular_file()) continue;
-    std::ifstream ingresso(voce.path(), std::ios::binary);
-    const std::string dati((std::istreambuf_iterator<char>(ingresso)),
-                           std::istreambuf_iterator<char>());
-    std::unique_ptr<char[]> testo(new char[dati.size() + 1]);
-    std::memcpy(testo.get(), dati.data(), dati.size());
+  for (const corpus::Voce& voce : corpus::Leggi(cartella)) {
+    const std::string& dati = voce.dati;
+    const std::unique_ptr<char[]> testo = voce.Copia();
     auto Nuova = [] {
       memoria::Azzera();
       SospendiGiornale();
@@ -47,17 +39,17 @@ TEST_F(CorpusGiornale, OgniGiornaleDelCorpusSiLeggeSenzaDanni) {
     const EsitoGiornale esame = LeggiGiornale(testo.get(), dati.size(), false);
     Nuova();
     const EsitoGiornale esito = LeggiGiornale(testo.get(), dati.size(), true);
-    EXPECT_LE(esito.record, esame.record) << voce.path();
-    EXPECT_EQ(esito.inizio, esame.inizio) << voce.path();
-    EXPECT_EQ(esito.semimossa, ContatoreMosse) << voce.path();
-    EXPECT_EQ(InMoto, 0u) << voce.path();
-    EXPECT_TRUE(memoria::Finestre().empty()) << voce.path();
-    EXPECT_TRUE(memoria::Toni().empty()) << voce.path();
+    EXPECT_LE(esito.record, esame.record) << voce.percorso;
+    EXPECT_EQ(esito.inizio, esame.inizio) << voce.percorso;
+    EXPECT_EQ(esito.semimossa, ContatoreMosse) << voce.percorso;
+    EXPECT_EQ(InMoto, 0u) << voce.percorso;
+    EXPECT_TRUE(memoria::Finestre().empty()) << voce.percorso;
+    EXPECT_TRUE(memoria::Toni().empty()) << voce.percorso;
     const uint64_t chiave = ChiaveHash;
     const std::vector<uint64_t> legali = ParoleLegali();
     GeneraMosseLegali();
-    EXPECT_EQ(ChiaveHash, chiave) << voce.path();
-    EXPECT_EQ(ParoleLegali(), legali) << voce.path();
+    EXPECT_EQ(ChiaveHash, chiave) << voce.percorso;
+    EXPECT_EQ(ParoleLegali(), legali) << voce.percorso;
     ripresi += esito.inizio && !esito.chiuso && !esito.danneggiato;
     danneggiati += esito.danneggiato;
     chiusi += esito.chiuso;

@@ -11,6 +11,7 @@
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "comune/pgn_extract.h"
+#include "comune/testo.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "piattaforma/memoria/memoria.h"
@@ -19,19 +20,7 @@
 namespace {
 
 // The expected files are written out in full below, independent of the code;
-// only the line ends follow the platform, as the files are text.
-std::string SulDisco(const std::string& testo) {
-#ifdef _WIN32
-  std::string convertito;
-  for (char c : testo) {
-    if (c == '\n') convertito += '\r';
-    convertito += c;
-  }
-  return convertito;
-#else
-  return testo;
-#endif
-}
+// only the line ends follow the platform (SulDisco), as the files are text.
 
 // The tag section as the game leaves it, up to the PlyCount tag.
 std::string Etichette(const std::string& termination, const std::string& result,
@@ -124,20 +113,7 @@ TEST_F(FilePartita, NoveMosseLaNonaApreLaSecondaRiga) {
          "d6", "c3", "0-0", "h3", "Nb8"});
   Salva();
   EXPECT_EQ(Pgn(),
-            SulDisco("\n"
-                     "[Event \"?\"]\n"
-                     "[White \"?\"]\n"
-                     "[Black \"?\"]\n"
-                     "[WhiteHelo \"?\"]\n"
-                     "[BlackHelo \"?\"]\n"
-                     "[Termination \"?\"]\n"
-                     "[Result \"*\"]\n"
-                     "[UTCTime \"09:05:00\"]\n"
-                     "[UTCDate \"2026.11.23\"]\n"
-                     "[TimeControl \"7200\"]\n"
-                     "[Mode \"TC\"]\n"
-                     "[PlyCount \"18\"]\n"
-                     "[Annotator \"Pendrino1.0\"]\n"
+            SulDisco(Etichette("?", "*", "09:05:00", "2026.11.23", "7200", 18) +
                      "\n"
                      " 1. e4 e5 2. Nf3 Nc6 3. Bb5 a6 4. Ba4 Nf6 5. 0-0 Be7 6. Re1 b5 7. Bb3 d6 "
                      "8. c3 0-0\n"
@@ -167,20 +143,7 @@ TEST_F(FilePartita, PartitaCheFinisceSullaMossaDelBianco) {
   Aggiudica("Abandoned", "Il nero abbandona", "1-0");
   Salva();
   EXPECT_EQ(Pgn(),
-            SulDisco("\n"
-                     "[Event \"?\"]\n"
-                     "[White \"?\"]\n"
-                     "[Black \"?\"]\n"
-                     "[WhiteHelo \"?\"]\n"
-                     "[BlackHelo \"?\"]\n"
-                     "[Termination \"Abandoned\"]\n"
-                     "[Result \"1-0\"]\n"
-                     "[UTCTime \"?\"]\n"
-                     "[UTCDate \"?\"]\n"
-                     "[TimeControl \"40/7200:1800\"]\n"
-                     "[Mode \"TC\"]\n"
-                     "[PlyCount \"17\"]\n"
-                     "[Annotator \"Pendrino1.0\"]\n"
+            SulDisco(Etichette("Abandoned", "1-0", "?", "?", "40/7200:1800", 17) +
                      "\n"
                      " 1. d4 d5 2. c4 e6 3. Nc3 Nf6 4. Bg5 Be7 5. e3 0-0 6. Nf3 Nbd7 7. Rc1 c6 "
                      "8. Bd3 dxc4\n"
@@ -202,20 +165,7 @@ TEST_F(FilePartita, ArrocchiEnPassantESottopromozione) {
   Gioca({"e4", "d5", "e5", "f5", "exf6", "Nc6", "fxg7", "Be6", "gxh8=N", "Qd7", "Nf3", "0-0-0",
          "Be2", "d4", "0-0", "h5"});
   Salva();
-  EXPECT_EQ(Pgn(), SulDisco("\n"
-                            "[Event \"?\"]\n"
-                            "[White \"?\"]\n"
-                            "[Black \"?\"]\n"
-                            "[WhiteHelo \"?\"]\n"
-                            "[BlackHelo \"?\"]\n"
-                            "[Termination \"?\"]\n"
-                            "[Result \"*\"]\n"
-                            "[UTCTime \"?\"]\n"
-                            "[UTCDate \"?\"]\n"
-                            "[TimeControl \"7200\"]\n"
-                            "[Mode \"TC\"]\n"
-                            "[PlyCount \"16\"]\n"
-                            "[Annotator \"Pendrino1.0\"]\n"
+  EXPECT_EQ(Pgn(), SulDisco(Etichette("?", "*", "?", "?", "7200", 16) +
                             "\n"
                             " 1. e4 d5 2. e5 f5 3. exf6 Nc6 4. fxg7 Be6 5. gxh8=N Qd7 6. Nf3 0-0-0 "
                             "7. Be2 d4 8. 0-0 h5\n"
@@ -235,23 +185,10 @@ TEST_F(FilePartita, MattoInDueConIlCommentoDelRisultato) {
   Gioca({"f3", "e5", "g4", "Qh4#"});
   Aggiudica("Checkmate", "scaccomatto", "0-1");
   Salva();
-  EXPECT_EQ(Pgn(), SulDisco("\n"
-                            "[Event \"?\"]\n"
-                            "[White \"?\"]\n"
-                            "[Black \"?\"]\n"
-                            "[WhiteHelo \"?\"]\n"
-                            "[BlackHelo \"?\"]\n"
-                            "[Termination \"Checkmate\"]\n"
-                            "[Result \"0-1\"]\n"
-                            "[UTCTime \"?\"]\n"
-                            "[UTCDate \"?\"]\n"
-                            "[TimeControl \"7200\"]\n"
-                            "[Mode \"TC\"]\n"
-                            "[PlyCount \"4\"]\n"
-                            "[Annotator \"Pendrino1.0\"]\n"
-                            "\n"
-                            " 1. f3 e5 2. g4 Qh4#\n"
-                            "{scaccomatto} 0-1\n"));
+  EXPECT_EQ(Pgn(),
+            SulDisco(Etichette("Checkmate", "0-1", "?", "?", "7200", 4) + "\n"
+                                                                          " 1. f3 e5 2. g4 Qh4#\n"
+                                                                          "{scaccomatto} 0-1\n"));
   EXPECT_EQ(Elenco(), SulDisco("\n"
                                " 1. f3 e5\n"
                                " 2. g4 Qh4#\n"));
@@ -259,22 +196,8 @@ TEST_F(FilePartita, MattoInDueConIlCommentoDelRisultato) {
 
 TEST_F(FilePartita, PartitaVuotaSoloLAsterisco) {
   Salva();
-  EXPECT_EQ(Pgn(), SulDisco("\n"
-                            "[Event \"?\"]\n"
-                            "[White \"?\"]\n"
-                            "[Black \"?\"]\n"
-                            "[WhiteHelo \"?\"]\n"
-                            "[BlackHelo \"?\"]\n"
-                            "[Termination \"?\"]\n"
-                            "[Result \"*\"]\n"
-                            "[UTCTime \"?\"]\n"
-                            "[UTCDate \"?\"]\n"
-                            "[TimeControl \"7200\"]\n"
-                            "[Mode \"TC\"]\n"
-                            "[PlyCount \"0\"]\n"
-                            "[Annotator \"Pendrino1.0\"]\n"
-                            "\n"
-                            "*\n"));
+  EXPECT_EQ(Pgn(), SulDisco(Etichette("?", "*", "?", "?", "7200", 0) + "\n"
+                                                                       "*\n"));
   EXPECT_EQ(Elenco(), SulDisco("\n"));
   NessunSegno();
 }

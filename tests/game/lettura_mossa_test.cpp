@@ -2,7 +2,9 @@
 // position involved.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "ambiente_partita.h"
 
@@ -22,6 +24,12 @@ std::string Fatti() {
 // The facts of an accepted text, or "rifiutato".
 std::string Leggi(const char* testo) {
   return LeggiDettagliMossaDaComando(testo) ? Fatti() : "rifiutato";
+}
+
+// Each pair: a text, and what it must be read as.
+void LettiCome(std::initializer_list<std::pair<const char*, const char*>> casi) {
+  ASSERT_GT(casi.size(), 0u);
+  for (const auto& [testo, fatti] : casi) EXPECT_EQ(Leggi(testo), fatti) << testo;
 }
 
 TEST(LetturaMossa, TabelleDeiCaratteri) {
@@ -54,38 +62,36 @@ TEST(LetturaMossa, CatturaDiPedoneTraColonneVicine) {
 }
 
 TEST(LetturaMossa, CavalloConEsenzaPartenza) {
-  EXPECT_EQ(Leggi("Nf3"), "N???f3");
-  EXPECT_EQ(Leggi("nf3"), "N???f3");
-  EXPECT_EQ(Leggi("Ng1f3"), "N?g1f3");
-  EXPECT_EQ(Leggi("N1f3"), "N??1f3");
-  EXPECT_EQ(Leggi("Nbd2"), "N?b?d2");
-  EXPECT_EQ(Leggi("Nbxd2"), "N?b?d2");
+  LettiCome({{"Nf3", "N???f3"},
+             {"nf3", "N???f3"},
+             {"Ng1f3", "N?g1f3"},
+             {"N1f3", "N??1f3"},
+             {"Nbd2", "N?b?d2"},
+             {"Nbxd2", "N?b?d2"}});
   // Four characters without a letter: whatever piece makes the move.
-  EXPECT_EQ(Leggi("g1f3"), "??g1f3");
-  EXPECT_EQ(Leggi("h4e1"), "??h4e1");
-  EXPECT_EQ(Leggi("h4xe1"), "??h4e1");
+  LettiCome({{"g1f3", "??g1f3"}, {"h4e1", "??h4e1"}, {"h4xe1", "??h4e1"}});
 }
 
 TEST(LetturaMossa, LaBMinuscolaEUnaColonna) {
   // The bishop reading is the lookup's: here b is a file like any other.
-  EXPECT_EQ(Leggi("bd3"), "P?b?d3");
-  EXPECT_EQ(Leggi("ad3"), "P?a?d3");
-  EXPECT_EQ(Leggi("dd3"), "P?d?d3");
-  EXPECT_EQ(Leggi("bc4"), "P?b?c4");
-  EXPECT_EQ(Leggi("Bd3"), "B???d3");
-  EXPECT_EQ(Leggi("Bbd3"), "B?b?d3");
+  LettiCome({{"bd3", "P?b?d3"},
+             {"ad3", "P?a?d3"},
+             {"dd3", "P?d?d3"},
+             {"bc4", "P?b?c4"},
+             {"Bd3", "B???d3"},
+             {"Bbd3", "B?b?d3"}});
 }
 
 TEST(LetturaMossa, Promozioni) {
   EXPECT_EQ(Leggi("e8"), "P???e8");
   for (const char* testo : {"e8N", "e8=N", "e8n", "e8=n"})
     EXPECT_EQ(Leggi(testo), "PN??e8") << testo;
-  EXPECT_EQ(Leggi("e8B"), "PB??e8");
-  EXPECT_EQ(Leggi("e8R"), "PR??e8");
-  EXPECT_EQ(Leggi("e8r"), "PR??e8");
-  EXPECT_EQ(Leggi("e8=Q+"), "PQ??e8");
-  EXPECT_EQ(Leggi("exd8=Q+"), "PQe?d8");
-  EXPECT_EQ(Leggi("e7e8N"), "?Ne7e8");
+  LettiCome({{"e8B", "PB??e8"},
+             {"e8R", "PR??e8"},
+             {"e8r", "PR??e8"},
+             {"e8=Q+", "PQ??e8"},
+             {"exd8=Q+", "PQe?d8"},
+             {"e7e8N", "?Ne7e8"}});
   // Lower-case b stays a file: e8b is no move shape at all.
   EXPECT_EQ(Leggi("e8b"), "rifiutato");
   // A leading piece letter is read first; a trailing one is then a stray letter.

@@ -2,14 +2,30 @@
 // finds after it.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ambiente_partita.h"
 
 namespace {
 
-class Notazione : public AmbientePartita {};
+class Notazione : public AmbientePartita {
+ protected:
+  // Texts typed in turn from the position on the board, each move taken back
+  // before the next; the last one stays. Each pair: typed, written.
+  static void DallaStessaPosizione(
+      std::initializer_list<std::pair<const char*, const char*>> casi) {
+    ASSERT_GT(casi.size(), 0u);
+    for (auto caso = casi.begin(); caso != casi.end(); ++caso) {
+      if (caso != casi.begin()) {
+        ASSERT_EQ(RitiraUltimaMossa(), 1);
+      }
+      EXPECT_EQ(Gioca(caso->first), caso->second) << caso->first;
+    }
+  }
+};
 class FinePartita : public AmbientePartita {};
 
 // ---------------------------------------------------------------------------
@@ -24,22 +40,14 @@ TEST_F(Notazione, MosseSemplici) {
 
 TEST_F(Notazione, IlCavalloIndicaLaColonnaQuandoBasta) {
   Nuova("4k3/8/8/8/8/5N2/8/1N2K3 w - - 0 1");
-  EXPECT_EQ(Gioca("b1d2"), "Nbd2");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("f3d2"), "Nfd2");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
   // Only one knight reaches e5: no origin at all.
-  EXPECT_EQ(Gioca("f3e5"), "Ne5");
+  DallaStessaPosizione({{"b1d2", "Nbd2"}, {"f3d2", "Nfd2"}, {"f3e5", "Ne5"}});
 }
 
 TEST_F(Notazione, LeTorriSullaStessaColonnaIndicanoLaTraversa) {
   Nuova("4k3/8/8/R7/8/8/8/R3K3 w - - 0 1");
-  EXPECT_EQ(Gioca("a1a3"), "R1a3");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("a5a3"), "R5a3");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
   // The record's text finds the same move again.
-  EXPECT_EQ(Gioca("R5a3"), "R5a3");
+  DallaStessaPosizione({{"a1a3", "R1a3"}, {"a5a3", "R5a3"}, {"R5a3", "R5a3"}});
   EXPECT_EQ(ElencoMosse[1], Mossa(Casa("a5"), Casa("a3"), SPOSTA_TORRE));
 }
 
@@ -47,19 +55,11 @@ TEST_F(Notazione, LaDonnaCheVuoleTuttaLaPartenzaPerdeLaLettera) {
   // Queens on e4, h4 and h1 all reach e1: neither the file nor the rank of
   // h4 is enough.
   Nuova("1k6/8/8/8/4Q2Q/8/K7/7Q w - - 0 1");
-  EXPECT_EQ(Gioca("h4e1"), "h4e1");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("h1e1"), "Q1e1");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("e4e1"), "Qee1");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("h4e1"), "h4e1");
+  DallaStessaPosizione({{"h4e1", "h4e1"}, {"h1e1", "Q1e1"}, {"e4e1", "Qee1"}, {"h4e1", "h4e1"}});
   ASSERT_EQ(RitiraUltimaMossa(), 1);
 
   Nuova("1k6/8/8/8/4Q2Q/8/K7/4r2Q w - - 0 1");
-  EXPECT_EQ(Gioca("h4e1"), "h4xe1");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("h4xe1"), "h4xe1");
+  DallaStessaPosizione({{"h4e1", "h4xe1"}, {"h4xe1", "h4xe1"}});
 }
 
 TEST_F(Notazione, LErroreDiDisambiguaMostraIlMessaggioEScriveComunque) {
@@ -80,18 +80,11 @@ TEST_F(Notazione, PedoniCatturaEnPassantEPromozioni) {
   EXPECT_EQ(TipoMossa(ElencoMosse[1]), uint64_t(CATTURA_ENPASSANT));
 
   Nuova("3rk3/4P3/8/8/8/8/8/4K3 w - - 0 1");
-  EXPECT_EQ(Gioca("e7d8"), "exd8=Q+");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("exd8=Q+"), "exd8=Q+");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("ed8R"), "exd8=R+");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("ed8N"), "exd8=N");
+  DallaStessaPosizione(
+      {{"e7d8", "exd8=Q+"}, {"exd8=Q+", "exd8=Q+"}, {"ed8R", "exd8=R+"}, {"ed8N", "exd8=N"}});
 
   Nuova("8/4P3/8/8/8/8/k7/4K3 w - - 0 1");
-  EXPECT_EQ(Gioca("e8N"), "e8=N");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("e8"), "e8=Q");
+  DallaStessaPosizione({{"e8N", "e8=N"}, {"e8", "e8=Q"}});
 }
 
 TEST_F(Notazione, IlReCatturaSenzaLettereDiPartenza) {
@@ -123,9 +116,7 @@ TEST_F(Notazione, LoScaccoDiScoperta) {
   EXPECT_EQ(PrimoScacco(InfoPosizione), NESSUNA_CASA);
   ASSERT_EQ(RitiraUltimaMossa(), 1);
   // Both checks at once.
-  EXPECT_EQ(Gioca("Nd6"), "Nd6+");
-  ASSERT_EQ(RitiraUltimaMossa(), 1);
-  EXPECT_EQ(Gioca("Ng5"), "Ng5+");
+  DallaStessaPosizione({{"Nd6", "Nd6+"}, {"Ng5", "Ng5+"}});
 }
 
 TEST_F(Notazione, SenzaScaccoNessunSegno) {

@@ -10,85 +10,30 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "ambiente_partita.h"
-#include "board/attacchi.h"
-#include "comune/pgn_extract.h"
+#include "comune/partite_a_caso.h"
 #include "game/file_partita.h"
 #include "moves/registro.h"
 
 namespace {
 
+using partite_a_caso::NotazioneAttesa;
+using partite_a_caso::SottoScacco;
+
 constexpr int PARTITE = 200;
-
-// Whether the king of the side to move is attacked, from the board alone.
-bool SottoScacco() {
-  const Colore lato = AlTratto();
-  return lato == BIANCO ? attaccano_pezzi<NERO>(casa_re[BIANCO])
-                        : attaccano_pezzi<BIANCO>(casa_re[NERO]);
-}
-
-// The notation of `mossa` in the position on the board (legal list
-// current), without the check sign: standard algebraic notation, castling
-// with zeros, and a piece that needs its whole origin written without its
-// letter.
-std::string NotazioneAttesa(uint64_t mossa) {
-  const uint64_t tipo = TipoMossa(mossa);
-  if (tipo == ARROCCO_CORTO) return "0-0";
-  if (tipo == ARROCCO_LUNGO) return "0-0-0";
-  const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
-  const uint32_t pezzo = TipoPezzoMossa[tipo];
-  const bool cattura = PezzoIn[d] != CASA_VUOTA || tipo == CATTURA_ENPASSANT;
-  const std::string partenza = Coordinate(mossa).substr(0, 2);
-  const std::string arrivo = Coordinate(mossa).substr(2, 2);
-  std::string t;
-  if (pezzo == PEDONE) {
-    if (cattura) t = partenza.substr(0, 1) + "x";
-  } else if (pezzo == RE) {
-    t = cattura ? "Kx" : "K";
-  } else {
-    bool altre = false, stessa_colonna = false, stessa_traversa = false;
-    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p) {
-      const uint64_t a = OrigineMossa(*p);
-      if (a == o || DestinazioneMossa(*p) != d || TipoPezzoMossa[TipoMossa(*p)] != pezzo) continue;
-      altre = true;
-      stessa_colonna |= (a & 7) == (o & 7);
-      stessa_traversa |= (a >> 3) == (o >> 3);
-    }
-    if (!altre)
-      t = std::string(1, "PNBRQK"[pezzo]);
-    else if (!stessa_colonna)
-      t = std::string(1, "PNBRQK"[pezzo]) + partenza[0];
-    else if (!stessa_traversa)
-      t = std::string(1, "PNBRQK"[pezzo]) + partenza[1];
-    else
-      t = partenza;
-    if (cattura) t += 'x';
-  }
-  t += arrivo;
-  const uint32_t promozione = TipoPromozioneMossa[tipo];
-  if (promozione != 255) t += std::string("=") + "PNBRQK"[promozione];
-  return t;
-}
 
 struct Ply {
   Istantanea posizione;
   std::vector<uint64_t> legali;
 };
 
-class PartiteCasuali : public AmbientePartita {
+class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
  protected:
-  std::mt19937_64 caso;
-  bool fino_al_limite = false;
-  uint64_t Caso(uint64_t n) { return caso() % n; }
-
   // The state of the game after each ply so far, index = ply.
   std::vector<Ply> storia;
-  // Keys of the positions after each ply, for the repetitions.
-  std::vector<uint64_t> chiavi;
 
   // Counters over all games, to see that every ending was met.
   int finali[9] = {};
@@ -110,37 +55,6 @@ class PartiteCasuali : public AmbientePartita {
     ++finali[RITIRI];
   }
 
-  // Earlier occurrences of the current position with the same side to move.
-  int Occorrenze() const {
-    int n = 0;
-    for (size_t k = chiavi.size() - 1; k >= 2;) {
-      k -= 2;
-      if (chiavi[k] == ChiaveHash) ++n;
-    }
-    return n;
-  }
-
-  // A random legal move, with a lean towards undoing the side's own last
-  // move (repetitions, long reversible runs) and towards captures (the
-  // endings), so that every ending turns up in a short run.
-  uint64_t Scegli(size_t quante) {
-    const uint64_t modo = Caso(4);
-    if (modo == 0 && ContatoreMosse >= 2) {
-      const uint64_t propria = ElencoMosse[ContatoreMosse - 1];
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (OrigineMossa(*p) == DestinazioneMossa(propria) &&
-            DestinazioneMossa(*p) == OrigineMossa(propria))
-          return *p;
-    }
-    if (modo == 1) {
-      std::vector<uint64_t> catture;
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (PezzoIn[DestinazioneMossa(*p)] != CASA_VUOTA) catture.push_back(*p);
-      if (!catture.empty()) return catture[Caso(catture.size())];
-    }
-    return BufferMosseGenerate[Caso(quante)];
-  }
-
   // One ply: typed by coordinates, checked, taken back, typed again by the
   // record's text. False when the game is over.
   bool GiocaUnaMossa() {
@@ -148,7 +62,7 @@ class PartiteCasuali : public AmbientePartita {
     const size_t quante = size_t(FineMosseGenerate - BufferMosseGenerate);
     EXPECT_GT(quante, 0u);
     if (quante == 0) return false;
-    const uint64_t mossa = Scegli(quante);
+    const uint64_t mossa = Scegli();
     const std::string coordinate = Coordinate(mossa);
     std::string attesa = NotazioneAttesa(mossa);
     const Ply prima = storia.back();
@@ -283,11 +197,8 @@ class PartiteCasuali : public AmbientePartita {
         }
         return;
       }
-      if (ContatoreMosse > 0 && Caso(20) == 0) {
-        for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r) {
-          Ritira();
-          if (HasFatalFailure()) return;
-        }
+      if (RitiriACaso([this] { Ritira(); })) {
+        if (HasFatalFailure()) return;
         continue;
       }
       if (!GiocaUnaMossa()) return;
@@ -306,10 +217,7 @@ TEST_F(PartiteCasuali, DuecentoPartiteDallaPosizioneIniziale) {
     ASSERT_LT(lunghezza, sizeof pgn) << "seme " << seme;
     file_partite.append(pgn, lunghezza);
   }
-  if (pgn_extract::MotivoAssenza().empty())
-    EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(file_partite, PARTITE));
-  else
-    std::printf("pgn-extract not run: %s\n", pgn_extract::MotivoAssenza().c_str());
+  partite_a_caso::LettePgnExtract(file_partite, PARTITE);
   // Every way a game ends was met.
   EXPECT_GT(finali[MATTO], 0);
   EXPECT_GT(finali[STALLO], 0);

@@ -5,25 +5,14 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/mossa.h"
+#include "comune/tabelle.h"
 #include "diagnostics/perft.h"
 #include "moves/genera.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
 
-namespace {
-
-void InizializzaUnaVolta() {
-  static const bool fatto = [] {
-    InizializzaTabelle();
-    return true;
-  }();
-  (void)fatto;
-}
-
-}  // namespace
-
 bool Carica(const char* fen) {
-  InizializzaUnaVolta();
+  InizializzaTabelleUnaVolta();
   SvuotaScacchiera();
   return CaricaPosizioneDaStringaFen(fen) == 1;
 }

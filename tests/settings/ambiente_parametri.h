@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "comune/testo.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
@@ -20,7 +21,7 @@ using namespace piattaforma::win32;
 
 namespace ini {
 
-// In POSIX form; Testo() gives it the platform's line ends.
+// In POSIX form; SulDisco() gives it the platform's line ends.
 inline const char* const FILE_DEFAULT =
     "\n"
     "periodi (periodi) min: 1 max: 2 default: 1\n"
@@ -105,20 +106,6 @@ inline std::string ValoreErrato(int riga) {
   return std::string("Errore in pendrino.ini: - valore non valido per ") +
          DESCRIZIONE_E_LIMITI[riga][0] + "Verra' ripristinato il suo valore default " +
          DESCRIZIONE_E_LIMITI[riga][1];
-}
-
-// `testo` with the line ends the platform's text mode writes.
-inline std::string Testo(const std::string& testo) {
-#ifdef _WIN32
-  std::string con_cr;
-  for (char c : testo) {
-    if (c == '\n') con_cr += '\r';
-    con_cr += c;
-  }
-  return con_cr;
-#else
-  return testo;
-#endif
 }
 
 // The default file in POSIX form with the setting lines of the given keys

@@ -51,15 +51,6 @@ std::string Sostituisci(std::string testo, const std::string& da, const std::str
   return testo.replace(dove, da.size(), a);
 }
 
-std::string ConCrLf(const std::string& testo) {
-  std::string crlf;
-  for (char c : testo) {
-    if (c == '\n') crlf += '\r';
-    crlf += c;
-  }
-  return crlf;
-}
-
 std::string ConSpazi(const std::string& testo) {
   std::string spazi;
   for (char c : testo) spazi += c == '\t' ? std::string(" ") : std::string(1, c);
@@ -385,7 +376,7 @@ TEST_P(LetturaFile, AvvisiValoriEFile) {
       break;
     case Esito::Riscritto:
       ASSERT_TRUE(memoria::EsisteFile(NomeFileIni));
-      EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), ini::Testo(caso.scritto));
+      EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), SulDisco(caso.scritto));
       break;
     case Esito::Assente:
       EXPECT_FALSE(memoria::EsisteFile(NomeFileIni));
@@ -395,12 +386,12 @@ TEST_P(LetturaFile, AvvisiValoriEFile) {
 
   // What was written reads back complete, silently, to the same values.
   memoria::Azzera();
-  memoria::ImpostaFile(NomeFileIni, ini::Testo(caso.scritto));
+  memoria::ImpostaFile(NomeFileIni, SulDisco(caso.scritto));
   ini::ValoriNonDefault();
   LeggiIni();
   EXPECT_TRUE(memoria::Finestre().empty());
   EXPECT_EQ(Valori(), caso.valori);
-  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), ini::Testo(caso.scritto));
+  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), SulDisco(caso.scritto));
 }
 
 INSTANTIATE_TEST_SUITE_P(File, LetturaFile, ::testing::ValuesIn(Casi()),

@@ -230,7 +230,7 @@ TEST_F(LetturaTesto, ByteOltreAsciiNonSonoSpazi) {
 }
 
 TEST_F(LetturaTesto, FineRigaCrLfESpaziAlPostoDelleTabulazioni) {
-  EXPECT_EQ(LeggiCopia(ini::Testo(ini::FILE_DEFAULT)), EsitoIni::Completo);
+  EXPECT_EQ(LeggiCopia(SulDisco(ini::FILE_DEFAULT)), EsitoIni::Completo);
   std::string crlf;
   std::string spazi;
   for (char c : FileCon({{"periodi", 2}, {"allarme4", 0}})) {

@@ -14,18 +14,17 @@ namespace {
 
 using Scrittura = AmbienteParametri;
 using ini::FileCon;
-using ini::Testo;
 
 TEST_F(Scrittura, IDefaultScrivonoIlFileIntero) {
   ScriviIni();
   ASSERT_TRUE(memoria::EsisteFile(NomeFileIni));
-  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), Testo(ini::FILE_DEFAULT));
+  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), SulDisco(ini::FILE_DEFAULT));
   EXPECT_TRUE(memoria::Finestre().empty());
 }
 
 TEST_F(Scrittura, IPrimiDueBlocchi) {
   ScriviIni();
-  const std::string attesi = Testo(
+  const std::string attesi = SulDisco(
       "\n"
       "periodi (periodi) min: 1 max: 2 default: 1\n"
       "$\tperiodi\t1\n"
@@ -40,9 +39,9 @@ TEST_F(Scrittura, IValoriCorrentiNelleRigheDiImpostazioneIDefaultNeiCommenti) {
   ParametroIni[PARAMETRO_AGGIORNAMENTO_AUTOMATICO].valore = 0;
   ParametroIni[PARAMETRO_ALLARME1 + 4].valore = 7;
   ScriviIni();
-  EXPECT_EQ(
-      memoria::ContenutoFile(NomeFileIni),
-      Testo(FileCon({{"periodi", 2}, {"aggiornamento_automatico_a_schermo", 0}, {"allarme5", 7}})));
+  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni),
+            SulDisco(FileCon(
+                {{"periodi", 2}, {"aggiornamento_automatico_a_schermo", 0}, {"allarme5", 7}})));
 }
 
 TEST_F(Scrittura, NumeriNegativiEGrandiComePrintf) {
@@ -51,13 +50,13 @@ TEST_F(Scrittura, NumeriNegativiEGrandiComePrintf) {
   ParametroIni[PARAMETRO_ALLARME1 + 1].valore = INT32_MAX;
   ScriviIni();
   EXPECT_EQ(memoria::ContenutoFile(NomeFileIni),
-            Testo(FileCon({{"allarme1", INT32_MIN}, {"allarme2", INT32_MAX}})));
+            SulDisco(FileCon({{"allarme1", INT32_MIN}, {"allarme2", INT32_MAX}})));
 }
 
 TEST_F(Scrittura, SostituisceIlFileVecchioPerIntero) {
   memoria::ImpostaFile(NomeFileIni, std::string(10000, 'x') + "$ periodi 2\n");
   ScriviIni();
-  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), Testo(ini::FILE_DEFAULT));
+  EXPECT_EQ(memoria::ContenutoFile(NomeFileIni), SulDisco(ini::FILE_DEFAULT));
 }
 
 TEST_F(Scrittura, UnFileCheNonSiPuoScrivereNonELoSchiantoNeUnAvviso) {

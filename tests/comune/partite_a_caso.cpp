@@ -1,0 +1,116 @@
+#include "comune/partite_a_caso.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "board/attacchi.h"
+#include "board/mossa.h"
+#include "board/posizione.h"
+#include "comune/pgn_extract.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
+
+namespace partite_a_caso {
+
+std::string Coordinate(uint64_t mossa) {
+  std::string t;
+  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
+    t += char('a' + (casa & 7));
+    t += char('8' - (casa >> 3));
+  }
+  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
+  if (promozione != 255) t += "?NBRQ"[promozione];
+  return t;
+}
+
+bool SottoScacco() {
+  const Colore lato = AlTratto();
+  return lato == BIANCO ? attaccano_pezzi<NERO>(casa_re[BIANCO])
+                        : attaccano_pezzi<BIANCO>(casa_re[NERO]);
+}
+
+std::string NotazioneAttesa(uint64_t mossa) {
+  const uint64_t tipo = TipoMossa(mossa);
+  if (tipo == ARROCCO_CORTO) return "0-0";
+  if (tipo == ARROCCO_LUNGO) return "0-0-0";
+  const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
+  const uint32_t pezzo = TipoPezzoMossa[tipo];
+  const bool cattura = PezzoIn[d] != CASA_VUOTA || tipo == CATTURA_ENPASSANT;
+  const std::string partenza = Coordinate(mossa).substr(0, 2);
+  const std::string arrivo = Coordinate(mossa).substr(2, 2);
+  std::string t;
+  if (pezzo == PEDONE) {
+    if (cattura) t = partenza.substr(0, 1) + "x";
+  } else if (pezzo == RE) {
+    t = cattura ? "Kx" : "K";
+  } else {
+    bool altre = false, stessa_colonna = false, stessa_traversa = false;
+    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p) {
+      const uint64_t a = OrigineMossa(*p);
+      if (a == o || DestinazioneMossa(*p) != d || TipoPezzoMossa[TipoMossa(*p)] != pezzo) continue;
+      altre = true;
+      stessa_colonna |= (a & 7) == (o & 7);
+      stessa_traversa |= (a >> 3) == (o >> 3);
+    }
+    if (!altre)
+      t = std::string(1, "PNBRQK"[pezzo]);
+    else if (!stessa_colonna)
+      t = std::string(1, "PNBRQK"[pezzo]) + partenza[0];
+    else if (!stessa_traversa)
+      t = std::string(1, "PNBRQK"[pezzo]) + partenza[1];
+    else
+      t = partenza;
+    if (cattura) t += 'x';
+  }
+  t += arrivo;
+  const uint32_t promozione = TipoPromozioneMossa[tipo];
+  if (promozione != 255) t += std::string("=") + "PNBRQK"[promozione];
+  return t;
+}
+
+void LettePgnExtract(const std::string& file_partite, int partite) {
+  if (pgn_extract::MotivoAssenza().empty())
+    EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(file_partite, partite));
+  else
+    std::printf("pgn-extract not run: %s\n", pgn_extract::MotivoAssenza().c_str());
+}
+
+int Dado::Occorrenze() const {
+  int n = 0;
+  for (size_t k = chiavi.size() - 1; k >= 2;) {
+    k -= 2;
+    if (chiavi[k] == ChiaveHash) ++n;
+  }
+  return n;
+}
+
+uint64_t Dado::Scegli() {
+  const size_t quante = size_t(FineMosseGenerate - BufferMosseGenerate);
+  const uint64_t modo = Caso(4);
+  if (modo == 0 && ContatoreMosse >= 2) {
+    const uint64_t propria = ElencoMosse[ContatoreMosse - 1];
+    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
+      if (OrigineMossa(*p) == DestinazioneMossa(propria) &&
+          DestinazioneMossa(*p) == OrigineMossa(propria))
+        return *p;
+  }
+  if (modo == 1) {
+    std::vector<uint64_t> catture;
+    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
+      if (PezzoIn[DestinazioneMossa(*p)] != CASA_VUOTA) catture.push_back(*p);
+    if (!catture.empty()) return catture[Caso(catture.size())];
+  }
+  return BufferMosseGenerate[Caso(quante)];
+}
+
+bool Dado::RitiriACaso(const std::function<void()>& ritira) {
+  if (ContatoreMosse == 0 || Caso(20) != 0) return false;
+  for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r) {
+    ritira();
+    if (::testing::Test::HasFatalFailure()) break;
+  }
+  return true;
+}
+
+}  // namespace partite_a_caso
