@@ -3,6 +3,7 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
+#include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "console/comandi.h"
 #include "console/guida.h"
@@ -10,12 +11,12 @@
 #include "console/schermo.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
+#include "game/giornale.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
 using namespace piattaforma::win32;
-
 
 // The lower layers draw through the console: the diagnostics at the cursor
 // and on the board panel, the clock and the game on their lines, each time
@@ -38,6 +39,9 @@ static void InstallaSchermi() {
   };
   SchermoDellaPartita.mossa_corrente = SchermoDellOrologio.stato;
   DopoFinestra = ImpostaFocus;
+  // While a box waits, the journal keeps the running time (and a move just
+  // played, when its question is the box).
+  piattaforma::ImpostaBattito([] { AggiornaGiornale(false); });
 }
 
 void inizializza() {
@@ -59,10 +63,51 @@ void inizializza() {
   ImpostaFocus();
 }
 
+const char* const DomandaRiprendere =
+    "La partita precedente non e' stata chiusa con il comando di uscita: riprenderla?";
+
+// The order of start-up: the settings (and their notices), the help page and
+// the start screen with a new game come first; only then the question about
+// a game the journal holds, and with the answer the journal of this run
+// begins, before the first key is read.
 int pendrino_main(int, char**) {
   inizializza();
   NuovaPartita(FenIniziale);
+  RiprendiDalGiornale();
   CicloPrincipale();
+}
+
+void RiprendiDalGiornale() {
+  const EsitoGiornale esame = LeggiFileGiornale(false);
+  if (esame.inizio && !esame.chiuso) {
+    if (Domanda(DomandaRiprendere, MB_YESNO) == IDYES) {
+      const EsitoGiornale ripresa = LeggiFileGiornale(true);
+      DisegnaPartitaRipresa();
+      if (ripresa.danneggiato) {
+        SvuotaMessaggio();
+        AggiungiTesto("Il giornale e' danneggiato dopo la semimossa ");
+        AggiungiNumero(int64_t(ripresa.semimossa));
+        AggiungiTesto(": la partita e' stata ripresa fino a quel punto.");
+        Avvisa(messaggio);
+      }
+    } else {
+      // Kept aside, and the new game on the screen is the one journaled.
+      piattaforma::RinominaFile(NomeFileGiornale, NomeFileGiornalePrecedente);
+    }
+  }
+  AvviaGiornale();
+}
+
+void DisegnaPartitaRipresa() {
+  // The settings of the game may differ from the file's: the time control
+  // line follows them.
+  ScriviCadenza();
+  StampaCadenza();
+  for (int colore = 0; colore < 2; ++colore)
+    StampaTempo(colore, SecondiInMillisecondi(TempoRimasto[colore]));
+  StampaPosizione();
+  fuoco = FUOCO_COMANDO;
+  ImpostaFocus();
 }
 
 void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto) {
@@ -83,11 +128,17 @@ void TurnoCiclo() {
     const int colore = int(ContatoreMosse & 1);
     if (AggiornaTempoVisualizzato(colore)) CadutaBandierina(colore);
   }
+  // What the screen shows is on disk before anyone can answer it: the
+  // records of every key's change, and the running time once a second.
+  AggiornaGiornale();
   piattaforma::AttendiEventi(AttesaProssimoSecondo());
   if (piattaforma::EventiInAttesa() == 0) return;
   INPUT_RECORD eventi[EVENTI_PER_LETTURA];
   const uint32_t letti = piattaforma::LeggiEventi(eventi, EVENTI_PER_LETTURA);
-  for (uint32_t i = 0; i < letti && i < EVENTI_PER_LETTURA; ++i) GestisciEvento(eventi[i]);
+  for (uint32_t i = 0; i < letti && i < EVENTI_PER_LETTURA; ++i) {
+    GestisciEvento(eventi[i]);
+    AggiornaGiornale();
+  }
 }
 
 void CicloPrincipale() {

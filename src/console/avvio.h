@@ -14,6 +14,14 @@ constexpr uint32_t EVENTI_PER_LETTURA = 128;
 // ChiudiIlProgramma.
 int pendrino_main(int argc, char** argv);
 void inizializza();
+// After the new game of start-up: when the journal holds a game not closed
+// with the exit command, the question whether to take it up again; Yes
+// rebuilds and draws it (clock stopped), No keeps the old journal as
+// giornale_precedente.txt. Then the journal of this run begins.
+extern const char* const DomandaRiprendere;
+void RiprendiDalGiornale();
+// Every panel of a game rebuilt from its journal, the focus on the field.
+void DisegnaPartitaRipresa();
 
 // One turn of the loop: wait for keys (at most until the running side's shown
 // second changes), then handle up to EVENTI_PER_LETTURA records.

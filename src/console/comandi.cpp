@@ -11,6 +11,7 @@
 #include "diagnostics/stampa.h"
 #include "game/aggiudicazione.h"
 #include "game/file_partita.h"
+#include "game/giornale.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
@@ -432,8 +433,11 @@ void comando_esci() {
     case IDYES:
       SalvaPartita();
       piattaforma::Suona(3000, 5);
+      ChiudiGiornale();
       ChiudiIlProgramma();
     case IDNO:
+      // Left on purpose: nothing to take up at the next start.
+      ChiudiGiornale();
       ChiudiIlProgramma();
     default:
       break;  // Cancel, or a box that could not be shown: stay

@@ -319,7 +319,8 @@ uint64_t FaiMossaInComando() {
 // ---------------------------------------------------------------------------
 // Notation and the end of the game.
 
-void AnnotaMossa(uint64_t mossa) {
+void AnnotaMossa(uint64_t mossa, Annotazione modo) {
+  const bool domande = modo == Annotazione::ConDomande;
   const uint64_t n = ContatoreMosse;
   TestoMossa testo{ElencoStringaMossa[n]};
   testo.testo[0] = 0;
@@ -364,12 +365,12 @@ void AnnotaMossa(uint64_t mossa) {
   const bool scacco = InfoPosizione < NESSUNO_SCACCO;
 
   if (FineMosseGenerate == BufferMosseGenerate) {
-    if (scacco) {
-      testo.Aggiungi('#');
+    if (scacco) testo.Aggiungi('#');
+    if (!domande) return;
+    if (scacco)
       Aggiudica("Checkmate", "scaccomatto", StringaSconfitta[n & 1]);
-    } else {
+    else
       Aggiudica("stalemate", "stallo", PATTA);
-    }
     avisa_aggiudicazione();
     return;
   }
@@ -377,13 +378,14 @@ void AnnotaMossa(uint64_t mossa) {
   if (scacco) testo.Aggiungi('+');
 
   if (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) {
+    if (!domande) return;
     Aggiudica("insufficient material", "materiale insufficente", PATTA);
     avisa_aggiudicazione();
     return;
   }
 
   // Exactly 100: a declined claim is not offered again at 101.
-  if (Semimosse(InfoPosizione) == 100) {
+  if (Semimosse(InfoPosizione) == 100 && domande) {
     if (Domanda("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO) == IDYES) {
       Aggiudica("Fifty-move rule", "regola delle 50 mosse", PATTA);
       return;
@@ -391,7 +393,7 @@ void AnnotaMossa(uint64_t mossa) {
   }
 
   ScansionaRipetizioni();
-  if (Ripetizioni == 2) {
+  if (Ripetizioni == 2 && domande) {
     // The question informs: either answer adjudicates, only a box that
     // could not be shown leaves the game open.
     if (Domanda("Triplice ripetizione: aggiudicare la patta?", MB_YESNO) != 0)
@@ -481,7 +483,10 @@ int RitiraUltimaMossa() {
   return 1;
 }
 
+uint32_t PartiteIniziate;
+
 void AzzeraPartita() {
+  ++PartiteIniziate;
   Ripetizioni = 0;
   PosizioneRipetuta[0] = PosizioneRipetuta[1] = 0;
   GeneraMosseLegali();

@@ -42,7 +42,11 @@ void GeneraMosseLegali();
 uint64_t FaiMossaInComando();
 // Writes the move just played into ElencoStringaMossa, regenerates the legal
 // moves, and looks for the end of the game (adjudicating, noticing, asking).
-void AnnotaMossa(uint64_t mossa);
+// Quietly (a game rebuilt from its journal) the record, the legal moves and
+// the repetitions come out the same, but nothing is adjudicated, noticed or
+// asked: the journal says what the arbiter decided.
+enum class Annotazione { ConDomande, InSilenzio };
+void AnnotaMossa(uint64_t mossa, Annotazione modo = Annotazione::ConDomande);
 
 // Repetitions of the current position: how many earlier occurrences the last
 // scan found (0..2), and their plies, the most recent first; the ply
@@ -78,6 +82,9 @@ int RitiraUltimaMossa();
 // The record of a new game, after the position has been loaded: no
 // repetitions, the legal moves and the keys of the first ply.
 void AzzeraPartita();
+// Games begun since the program started (AzzeraPartita counts them): the
+// journal starts a fresh file when it changes.
+extern uint32_t PartiteIniziate;
 
 // The facts of DettagliMossa, written at the console's cursor.
 void ScriviDettagliMossa();

@@ -43,6 +43,10 @@ void AttendiEventi(int64_t millisecondi);
 // Modal box titled `titolo` owned by the console; returns IDOK, IDYES, IDNO
 // or IDCANCEL.
 int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile);
+// A function the platform calls about once a second while a message box
+// waits for its answer, so that the program can keep a record up to date
+// meanwhile; nullptr (the start) for none. It must not open a box itself.
+void ImpostaBattito(void (*battito)());
 // The answer of a box that nobody can answer (no terminal, a test with no
 // answer scripted): IDOK, IDNO for Yes/No, IDCANCEL where the box has Cancel.
 constexpr int RispostaPredefinita(unsigned stile) {

@@ -10,6 +10,7 @@
 #include "console/comandi.h"
 #include "console/schermo.h"
 #include "game/aggiudicazione.h"
+#include "game/giornale.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
@@ -18,6 +19,8 @@ class AmbienteConsole : public ::testing::Test {
  protected:
   void SetUp() override {
     memoria::Azzera();
+    // No journal until a test's start-up begins one.
+    SospendiGiornale();
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
     InMoto = 0;

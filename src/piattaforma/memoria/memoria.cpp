@@ -37,7 +37,12 @@ struct Stato {
   std::string titolo, scritto;
   bool aperta = false, dimensionata = false;
   std::deque<INPUT_RECORD> eventi;
-  std::deque<int> risposte;
+  struct Risposta {
+    int risposta, battiti;
+  };
+  std::deque<Risposta> risposte;
+  void (*battito)() = nullptr;
+  size_t battiti = 0;
   std::vector<Finestra> finestre;
   std::vector<Tono> toni;
   std::vector<int64_t> attese;
@@ -122,7 +127,9 @@ void AccodaTasto(WORD codice_virtuale, DWORD stato_controllo, char carattere, bo
 void AccodaEvento(const INPUT_RECORD& evento) { S().eventi.push_back(evento); }
 size_t TastiInCoda() { return S().eventi.size(); }
 
-void AccodaRisposta(int risposta) { S().risposte.push_back(risposta); }
+void AccodaRisposta(int risposta, int battiti) { S().risposte.push_back({risposta, battiti}); }
+void (*BattitoInstallato())() { return S().battito; }
+size_t BattitiEseguiti() { return S().battiti; }
 const std::vector<Finestra>& Finestre() { return S().finestre; }
 const std::vector<Tono>& Toni() { return S().toni; }
 
@@ -189,13 +196,25 @@ void AttendiEventi(int64_t millisecondi) {
 
 int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   int risposta = RispostaPredefinita(stile);
+  int battiti = 0;
   if (!S().risposte.empty()) {
-    risposta = S().risposte.front();
+    risposta = S().risposte.front().risposta;
+    battiti = S().risposte.front().battiti;
     S().risposte.pop_front();
   }
+  // Recorded first: a test can see the box while its heartbeats run.
   S().finestre.push_back({testo ? testo : "", titolo ? titolo : "", stile, risposta});
+  for (int i = 0; i < battiti; ++i) {
+    S().millisecondi += 1000;
+    if (S().battito) {
+      ++S().battiti;
+      S().battito();
+    }
+  }
   return risposta;
 }
+
+void ImpostaBattito(void (*battito)()) { S().battito = battito; }
 
 void Suona(uint32_t frequenza, uint32_t durata) { S().toni.push_back({frequenza, durata}); }
 

@@ -43,7 +43,13 @@ size_t TastiInCoda();
 // Answers for the next message boxes, in order; with none scripted a box
 // answers IDOK, IDNO for Yes/No boxes and IDCANCEL for Yes/No/Cancel ones
 // (piattaforma::RispostaPredefinita).
-void AccodaRisposta(int risposta);
+// `battiti`: the box waits that many seconds before this answer; each
+// second the clock advances by 1000 ms and the installed heartbeat runs.
+void AccodaRisposta(int risposta, int battiti = 0);
+// The heartbeat installed with ImpostaBattito (nullptr after Azzera), and
+// how many times it ran.
+void (*BattitoInstallato())();
+size_t BattitiEseguiti();
 struct Finestra {
   std::string testo, titolo;
   unsigned stile;

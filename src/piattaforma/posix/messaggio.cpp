@@ -69,6 +69,13 @@ namespace piattaforma {
 
 using terminale::video;
 
+namespace {
+void (*battito_installato)() = nullptr;
+constexpr uint64_t INTERVALLO_BATTITO = 1000;
+}  // namespace
+
+void ImpostaBattito(void (*battito)()) { battito_installato = battito; }
+
 int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   if (testo == nullptr) testo = "";
   if (titolo == nullptr) titolo = "";
@@ -97,10 +104,21 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   INPUT_RECORD in_anticipo;
   while (risposta == 0 && terminale::RiquadroVisibile() && terminale::PrendiDallaCoda(in_anticipo))
     risposta = terminale::RispostaDaTasto(stile, in_anticipo);
+  // The wait wakes for the heartbeat too, while one is installed.
+  uint64_t prossimo_battito = Millisecondi() + INTERVALLO_BATTITO;
   while (risposta == 0) {
-    if (terminale::AttendiTerminale(-1) == terminale::Attesa::Chiuso) {
+    int64_t attesa = -1;
+    if (battito_installato) {
+      const uint64_t adesso = Millisecondi();
+      attesa = adesso >= prossimo_battito ? 0 : int64_t(prossimo_battito - adesso);
+    }
+    if (terminale::AttendiTerminale(attesa) == terminale::Attesa::Chiuso) {
       risposta = RispostaPredefinita(stile);
       break;
+    }
+    if (battito_installato && Millisecondi() >= prossimo_battito) {
+      battito_installato();
+      prossimo_battito = Millisecondi() + INTERVALLO_BATTITO;
     }
     terminale::GestisciSegnali();
     terminale::Aggiorna();

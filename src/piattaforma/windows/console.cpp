@@ -24,7 +24,16 @@ constexpr DWORD MODO_INGRESSO = 24;
 // and there are no sticky prefixes to sound.
 PoliticaInterfaccia politica;
 
+void (*battito_installato)() = nullptr;
+
+// MessageBoxA's own modal loop dispatches the thread timer's WM_TIMER here.
+VOID CALLBACK Battito(HWND, UINT, UINT_PTR, DWORD) {
+  if (battito_installato) battito_installato();
+}
+
 }  // namespace
+
+void ImpostaBattito(void (*battito)()) { battito_installato = battito; }
 
 void ApriConsole() {
   hWindow = GetConsoleWindow();
@@ -81,7 +90,10 @@ void AttendiEventi(int64_t millisecondi) {
 
 int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   std::fflush(stdout);
-  return MessageBoxA(hWindow, testo ? testo : "", titolo ? titolo : "", stile);
+  const UINT_PTR timer = battito_installato ? SetTimer(nullptr, 0, 1000, Battito) : 0;
+  const int risposta = MessageBoxA(hWindow, testo ? testo : "", titolo ? titolo : "", stile);
+  if (timer) KillTimer(nullptr, timer);
+  return risposta;
 }
 
 void Suona(uint32_t frequenza, uint32_t durata) {

@@ -1,0 +1,669 @@
+#include "game/giornale.h"
+
+#include <cstdio>
+#include <cstring>
+#include <initializer_list>
+
+#include "board/mossa.h"
+#include "clock/cadenza.h"
+#include "clock/orologio.h"
+#include "game/aggiudicazione.h"
+#include "game/partita.h"
+#include "messaggi/messaggi.h"
+#include "moves/genera.h"
+#include "moves/tavole.h"
+#include "piattaforma/piattaforma.h"
+
+const char* const NomeFileGiornale = "giornale.txt";
+const char* const NomeFileGiornalePrecedente = "giornale_precedente.txt";
+const char* const TestoGiornaleNonScrivibile =
+    "Impossibile scrivere il giornale: la partita in corso non e' protetta da un'interruzione "
+    "improvvisa.";
+
+namespace {
+
+constexpr uint32_t VERSIONE_GIORNALE = 1;
+constexpr uint32_t NESSUN_PEZZO = 255;
+constexpr const char* LETTERE_PROMOZIONE = "?NBRQ";  // by kind 1..4
+constexpr size_t CIFRE_CONTROLLO = 8;
+// " *" and the eight digits after the payload.
+constexpr size_t CODA_RIGA = 2 + CIFRE_CONTROLLO;
+
+uint32_t Controllo(const char* testo, size_t lunghezza) {
+  uint32_t h = 2166136261u;
+  for (size_t i = 0; i < lunghezza; ++i) {
+    h ^= uint8_t(testo[i]);
+    h *= 16777619u;
+  }
+  return h;
+}
+
+// ---------------------------------------------------------------------------
+// Composing records into a fixed buffer: a whole game fits with room to
+// spare (510 moves of at most 48 bytes, a few other lines); what does not
+// fit marks the text as overflowed rather than cut a line.
+
+constexpr size_t DIMENSIONE_TESTO = 40 * 1024;
+
+struct Testo {
+  char dati[DIMENSIONE_TESTO];
+  size_t usati = 0;
+  size_t inizio_riga = 0;
+  bool pieno = false;
+
+  void Svuota() {
+    usati = inizio_riga = 0;
+    pieno = false;
+  }
+  void Carattere(char c) {
+    if (usati + 1 >= DIMENSIONE_TESTO) {
+      pieno = true;
+      return;
+    }
+    dati[usati++] = c;
+  }
+  void Parola(const char* s) {
+    while (*s) Carattere(*s++);
+  }
+  void Numero(int64_t n) {
+    char cifre[24];
+    TestoDelNumero(n, cifre);
+    Parola(cifre);
+  }
+  // A record begins: its letter and the UTC time of writing.
+  void Inizia(char tipo) {
+    inizio_riga = usati;
+    Carattere(tipo);
+    Carattere(' ');
+    const piattaforma::DataOraUTC t = piattaforma::OraUTC();
+    auto entro = [](int v, int massimo) { return v < 0 ? 0 : (v > massimo ? massimo : v); };
+    char utc[24];
+    std::snprintf(utc, sizeof utc, "%04d%02d%02dT%02d%02d%02dZ", entro(t.anno, 9999),
+                  entro(t.mese, 99), entro(t.giorno, 99), entro(t.ora, 99), entro(t.minuto, 99),
+                  entro(t.secondo, 99));
+    Parola(utc);
+  }
+  void Campo(const char* s) {
+    Carattere(' ');
+    Parola(s);
+  }
+  void Campo(int64_t n) {
+    Carattere(' ');
+    Numero(n);
+  }
+  void Termina() {
+    if (pieno) return;
+    const uint32_t h = Controllo(dati + inizio_riga, usati - inizio_riga);
+    char coda[16];
+    std::snprintf(coda, sizeof coda, " *%08X\n", unsigned(h));
+    Parola(coda);
+  }
+};
+
+Testo testo;
+
+// What the journal holds so far: compared with the game after every event.
+struct Scritto {
+  uint32_t partita;
+  uint64_t semimosse;
+  uint64_t mossa[MAX_SEMIMOSSE];
+  char result[8], termination[64], commento[64];
+  int32_t parametro[NUMERO_PARAMETRI];
+  uint32_t in_moto, prima_volta;
+  int32_t tempo[2];
+  int32_t secondo;  // the running side's shown second
+  uint64_t lato;    // the running side
+  char data[16], ora[12];
+};
+Scritto scritto;
+
+bool attivo = false;
+bool da_riscrivere = true;  // a fresh file with the whole state next time
+bool in_corso = false;
+bool avviso_dovuto = false;
+bool avvisato = false;  // in this game
+
+void Copia(char* destinazione, size_t dimensione, const char* sorgente) {
+  size_t i = 0;
+  while (i + 1 < dimensione && sorgente[i]) {
+    destinazione[i] = sorgente[i];
+    ++i;
+  }
+  destinazione[i] = 0;
+}
+
+// The clock as the journal keeps it: each side's milliseconds left now.
+struct StatoOrologio {
+  int32_t tempo[2];
+  int32_t secondo;
+};
+StatoOrologio OrologioAdesso() {
+  StatoOrologio o{{TempoRimasto[0], TempoRimasto[1]}, 0};
+  if (InMoto) {
+    const int lato = int(ContatoreMosse & 1);
+    o.tempo[lato] = TempoRimastoInMoto(lato);
+    o.secondo = SecondiInMillisecondi(o.tempo[lato]);
+  }
+  return o;
+}
+
+void ComponiParametri() {
+  testo.Inizia('P');
+  for (int r = 0; r < NUMERO_PARAMETRI; ++r) testo.Campo(Parametro(r));
+  testo.Termina();
+}
+
+void ComponiMossa(uint64_t ply) {
+  const uint64_t mossa = ElencoMosse[ply];
+  testo.Inizia('M');
+  testo.Campo(int64_t(ply));
+  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
+    testo.Carattere(' ');
+    testo.Carattere(char('a' + (casa & 7)));
+    testo.Carattere(char('8' - (casa >> 3)));
+  }
+  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
+  testo.Carattere(' ');
+  testo.Carattere(promozione >= 1 && promozione <= 4 ? LETTERE_PROMOZIONE[promozione] : '-');
+  testo.Campo(ElencoStringaMossa[ply]);
+  testo.Termina();
+}
+
+void ComponiEsito() {
+  testo.Inizia('E');
+  testo.Campo(Result);
+  testo.Carattere('|');
+  testo.Parola(Termination);
+  testo.Carattere('|');
+  testo.Parola(CommentoRisultato);
+  testo.Termina();
+}
+
+void ComponiOrologio(const StatoOrologio& o) {
+  testo.Inizia('T');
+  testo.Campo(InMoto ? 1 : 0);
+  testo.Campo(PrimaVoltaInMoto ? 1 : 0);
+  testo.Campo(o.tempo[0]);
+  testo.Campo(o.tempo[1]);
+  testo.Campo(DataUTC);
+  testo.Campo(OraUTC);
+  testo.Termina();
+}
+
+bool EsitoCambiato() {
+  return std::strcmp(scritto.result, Result) != 0 ||
+         std::strcmp(scritto.termination, Termination) != 0 ||
+         std::strcmp(scritto.commento, CommentoRisultato) != 0;
+}
+
+bool ParametriCambiati() {
+  for (int r = 0; r < NUMERO_PARAMETRI; ++r)
+    if (scritto.parametro[r] != Parametro(r)) return true;
+  return false;
+}
+
+bool OrologioCambiato(const StatoOrologio& o) {
+  if (scritto.in_moto != InMoto || scritto.prima_volta != PrimaVoltaInMoto ||
+      std::strcmp(scritto.data, DataUTC) != 0 || std::strcmp(scritto.ora, OraUTC) != 0)
+    return true;
+  if (!InMoto) return scritto.tempo[0] != o.tempo[0] || scritto.tempo[1] != o.tempo[1];
+  // Running: the side waiting must be as written, the running one within
+  // the same shown second.
+  const int lato = int(ContatoreMosse & 1);
+  return scritto.lato != uint64_t(lato) || scritto.tempo[1 - lato] != o.tempo[1 - lato] ||
+         scritto.secondo != o.secondo;
+}
+
+// The plies both the journal and the game agree on.
+uint64_t MossePrimaDellaDifferenza() {
+  uint64_t k = TurnoIniziale;
+  const uint64_t fine = scritto.semimosse < ContatoreMosse ? scritto.semimosse : ContatoreMosse;
+  while (k < fine && scritto.mossa[k + 1] == ElencoMosse[k + 1]) ++k;
+  return k;
+}
+
+void Ricorda(const StatoOrologio& o) {
+  scritto.partita = PartiteIniziate;
+  scritto.semimosse = ContatoreMosse;
+  for (uint64_t p = 0; p <= ContatoreMosse && p < MAX_SEMIMOSSE; ++p)
+    scritto.mossa[p] = ElencoMosse[p];
+  Copia(scritto.result, sizeof scritto.result, Result);
+  Copia(scritto.termination, sizeof scritto.termination, Termination);
+  Copia(scritto.commento, sizeof scritto.commento, CommentoRisultato);
+  for (int r = 0; r < NUMERO_PARAMETRI; ++r) scritto.parametro[r] = Parametro(r);
+  scritto.in_moto = InMoto;
+  scritto.prima_volta = PrimaVoltaInMoto;
+  scritto.tempo[0] = o.tempo[0];
+  scritto.tempo[1] = o.tempo[1];
+  scritto.secondo = o.secondo;
+  scritto.lato = ContatoreMosse & 1;
+  Copia(scritto.data, sizeof scritto.data, DataUTC);
+  Copia(scritto.ora, sizeof scritto.ora, OraUTC);
+}
+
+void ComponiTutto(const StatoOrologio& o) {
+  testo.Svuota();
+  testo.Inizia('I');
+  testo.Campo(VERSIONE_GIORNALE);
+  testo.Termina();
+  ComponiParametri();
+  for (uint64_t p = TurnoIniziale + 1; p <= ContatoreMosse; ++p) ComponiMossa(p);
+  if (PartitaAggiudicata()) ComponiEsito();
+  ComponiOrologio(o);
+}
+
+// The records of what changed; false when they do not fit (the whole
+// journal is written instead).
+bool ComponiDifferenze(const StatoOrologio& o) {
+  testo.Svuota();
+  if (ParametriCambiati()) ComponiParametri();
+  const uint64_t comuni = MossePrimaDellaDifferenza();
+  for (uint64_t p = scritto.semimosse; p > comuni; --p) {
+    testo.Inizia('R');
+    testo.Campo(int64_t(p - 1));
+    testo.Termina();
+  }
+  for (uint64_t p = comuni + 1; p <= ContatoreMosse; ++p) ComponiMossa(p);
+  if (EsitoCambiato()) ComponiEsito();
+  if (OrologioCambiato(o)) ComponiOrologio(o);
+  return !testo.pieno;
+}
+
+}  // namespace
+
+void AvviaGiornale() {
+  attivo = true;
+  da_riscrivere = true;
+  avvisato = false;
+  avviso_dovuto = false;
+  AggiornaGiornale();
+}
+
+void SospendiGiornale() {
+  attivo = false;
+  in_corso = false;
+  da_riscrivere = true;
+  avvisato = avviso_dovuto = false;
+}
+
+bool GiornaleAttivo() { return attivo; }
+
+void AggiornaGiornale(bool avviso) {
+  if (!attivo || in_corso) return;
+  in_corso = true;
+  const StatoOrologio o = OrologioAdesso();
+  const bool nuova_partita = scritto.partita != PartiteIniziate;
+  if (nuova_partita) avvisato = avviso_dovuto = false;
+
+  bool riuscito = true;
+  if (da_riscrivere || nuova_partita || !ComponiDifferenze(o)) {
+    ComponiTutto(o);
+    riuscito =
+        !testo.pieno && piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.usati);
+  } else if (testo.usati > 0) {
+    riuscito = piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.usati);
+  }
+  // A failed append may have left part of a line: only a fresh file can
+  // follow it. What was written stays remembered only once it is whole.
+  if (riuscito) {
+    da_riscrivere = false;
+    Ricorda(o);
+  } else {
+    da_riscrivere = true;
+    scritto.partita = PartiteIniziate;
+    if (!avvisato) avviso_dovuto = true;
+  }
+  if (avviso && avviso_dovuto) {
+    avviso_dovuto = false;
+    avvisato = true;
+    Avvisa(TestoGiornaleNonScrivibile);
+  }
+  in_corso = false;
+}
+
+void ChiudiGiornale() {
+  if (!attivo) return;
+  attivo = false;
+  testo.Svuota();
+  testo.Inizia('F');
+  testo.Termina();
+  // Behind a failed write the file may hold anything: better none at all.
+  if (da_riscrivere || !piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.usati))
+    piattaforma::EliminaFile(NomeFileGiornale);
+}
+
+// ---------------------------------------------------------------------------
+// Reading one line.
+
+namespace {
+
+// The fields of a payload, one at a time, separated by single blanks.
+struct Campi {
+  const char* p;
+  const char* fine;
+  // The next field; false at the end or on an empty field.
+  bool Prossimo(const char*& inizio, size_t& lunghezza) {
+    if (p >= fine) return false;
+    inizio = p;
+    while (p < fine && *p != ' ') ++p;
+    lunghezza = size_t(p - inizio);
+    if (p < fine) ++p;  // the blank
+    return lunghezza > 0;
+  }
+  bool Finiti() const { return p >= fine; }
+};
+
+bool Cifra(char c) { return c >= '0' && c <= '9'; }
+
+bool Intero(const char* s, size_t n, int64_t minimo, int64_t massimo, int64_t& valore) {
+  size_t i = 0;
+  bool negativo = false;
+  if (n > 0 && s[0] == '-') {
+    negativo = true;
+    i = 1;
+  }
+  if (i >= n || n - i > 10) return false;
+  int64_t v = 0;
+  for (; i < n; ++i) {
+    if (!Cifra(s[i])) return false;
+    v = v * 10 + (s[i] - '0');
+  }
+  if (negativo) v = -v;
+  if (v < minimo || v > massimo) return false;
+  valore = v;
+  return true;
+}
+
+bool Utc(const char* s, size_t n) {
+  if (n != 16 || s[8] != 'T' || s[15] != 'Z') return false;
+  for (size_t i = 0; i < 15; ++i)
+    if (i != 8 && !Cifra(s[i])) return false;
+  return true;
+}
+
+// Printable ASCII without the separator, into a zero-terminated field.
+bool TestoLibero(const char* s, size_t n, char* destinazione, size_t dimensione) {
+  if (n >= dimensione) return false;
+  for (size_t i = 0; i < n; ++i) {
+    if (s[i] < 0x20 || s[i] > 0x7E || s[i] == '|') return false;
+    destinazione[i] = s[i];
+  }
+  destinazione[n] = 0;
+  return true;
+}
+
+// "2026.11.23" / "09:05:00" as StampaTempoUTC writes them, or "?".
+bool Forma(const char* s, size_t n, const char* modello, char* destinazione, size_t dimensione) {
+  if (n >= dimensione) return false;
+  const bool ignota = n == 1 && s[0] == '?';
+  if (!ignota) {
+    if (n != std::strlen(modello)) return false;
+    for (size_t i = 0; i < n; ++i)
+      if (modello[i] == '9' ? !Cifra(s[i]) : s[i] != modello[i]) return false;
+  }
+  std::memcpy(destinazione, s, n);
+  destinazione[n] = 0;
+  return true;
+}
+
+bool Casa(const char* s, size_t n, int8_t& colonna, int8_t& riga) {
+  if (n != 2 || s[0] < 'a' || s[0] > 'h' || s[1] < '1' || s[1] > '8') return false;
+  colonna = int8_t(s[0] - 'a');
+  riga = int8_t('8' - s[1]);
+  return true;
+}
+
+bool TestoMossa(const char* s, size_t n, char* destinazione) {
+  if (n == 0 || n >= LUNGHEZZA_STRINGA_MOSSA) return false;
+  for (size_t i = 0; i < n; ++i) {
+    const char c = s[i];
+    const bool ammesso = Cifra(c) || (c >= 'a' && c <= 'h') || c == 'x' || c == '=' || c == '+' ||
+                         c == '#' || c == '-' || std::strchr("NBRQK", c) != nullptr;
+    if (!c || !ammesso) return false;
+    destinazione[i] = c;
+  }
+  destinazione[n] = 0;
+  return true;
+}
+
+bool Esito(const char* s, size_t n, RecordGiornale& r) {
+  const char* primo = static_cast<const char*>(std::memchr(s, '|', n));
+  if (!primo) return false;
+  const char* resto = primo + 1;
+  const char* secondo = static_cast<const char*>(std::memchr(resto, '|', size_t(s + n - resto)));
+  if (!secondo) return false;
+  if (!TestoLibero(s, size_t(primo - s), r.result, sizeof r.result) ||
+      !TestoLibero(resto, size_t(secondo - resto), r.termination, sizeof r.termination) ||
+      !TestoLibero(secondo + 1, size_t(s + n - secondo - 1), r.commento, sizeof r.commento))
+    return false;
+  const bool aperta = std::strcmp(r.result, "*") == 0;
+  if (aperta) return std::strcmp(r.termination, "?") == 0 && r.commento[0] == 0;
+  return (std::strcmp(r.result, "1-0") == 0 || std::strcmp(r.result, "0-1") == 0 ||
+          std::strcmp(r.result, "1/2-1/2") == 0) &&
+         r.termination[0] != 0;
+}
+
+}  // namespace
+
+bool LeggiRigaGiornale(const char* riga, size_t lunghezza, RecordGiornale& r) {
+  if (lunghezza > 0 && riga[lunghezza - 1] == '\r') --lunghezza;
+  if (lunghezza < CODA_RIGA + 1 + 1 + 16) return false;
+  const size_t carico = lunghezza - CODA_RIGA;
+  if (riga[carico] != ' ' || riga[carico + 1] != '*') return false;
+  uint32_t atteso = 0;
+  for (size_t i = carico + 2; i < lunghezza; ++i) {
+    const char c = riga[i];
+    uint32_t v;
+    if (Cifra(c))
+      v = uint32_t(c - '0');
+    else if (c >= 'A' && c <= 'F')
+      v = uint32_t(c - 'A' + 10);
+    else
+      return false;
+    atteso = atteso << 4 | v;
+  }
+  if (Controllo(riga, carico) != atteso) return false;
+
+  r = RecordGiornale{};
+  r.promozione = -1;
+  if (riga[1] != ' ') return false;
+  r.tipo = riga[0];
+  Campi campi{riga + 2, riga + carico};
+  const char* s;
+  size_t n;
+  int64_t v;
+  if (!campi.Prossimo(s, n) || !Utc(s, n)) return false;
+
+  switch (r.tipo) {
+    case 'I':
+      if (!campi.Prossimo(s, n) || !Intero(s, n, VERSIONE_GIORNALE, VERSIONE_GIORNALE, v))
+        return false;
+      break;
+    case 'F':
+      break;
+    case 'P':
+      for (int k = 0; k < NUMERO_PARAMETRI; ++k) {
+        const RigaIni& riga_ini = ParametroIni[k];
+        if (!campi.Prossimo(s, n) || !Intero(s, n, riga_ini.minimo, riga_ini.massimo, v))
+          return false;
+        r.parametro[k] = int32_t(v);
+      }
+      break;
+    case 'R':
+      if (!campi.Prossimo(s, n) || !Intero(s, n, 0, MAX_SEMIMOSSE - 1, v)) return false;
+      r.semimossa = uint32_t(v);
+      break;
+    case 'M':
+      if (!campi.Prossimo(s, n) || !Intero(s, n, 1, MAX_SEMIMOSSE - 1, v)) return false;
+      r.semimossa = uint32_t(v);
+      for (int k = 0; k < 2; ++k)
+        if (!campi.Prossimo(s, n) || !Casa(s, n, r.colonna[k], r.riga[k])) return false;
+      if (!campi.Prossimo(s, n) || n != 1) return false;
+      if (s[0] != '-') {
+        const char* lettera = std::strchr(LETTERE_PROMOZIONE + 1, s[0]);
+        if (!lettera || !s[0]) return false;
+        r.promozione = int8_t(lettera - LETTERE_PROMOZIONE);
+      }
+      if (!campi.Prossimo(s, n) || !TestoMossa(s, n, r.testo)) return false;
+      break;
+    case 'E':
+      // The rest of the line, blanks included.
+      if (!Esito(campi.p, size_t(campi.fine - campi.p), r)) return false;
+      campi.p = campi.fine;
+      break;
+    case 'T':
+      if (!campi.Prossimo(s, n) || !Intero(s, n, 0, 1, v)) return false;
+      r.in_moto = uint32_t(v);
+      if (!campi.Prossimo(s, n) || !Intero(s, n, 0, 1, v)) return false;
+      r.prima_volta = uint32_t(v);
+      for (int k = 0; k < 2; ++k) {
+        if (!campi.Prossimo(s, n) || !Intero(s, n, INT32_MIN, INT32_MAX, v)) return false;
+        r.tempo[k] = int32_t(v);
+      }
+      if (!campi.Prossimo(s, n) || !Forma(s, n, "9999.99.99", r.data, sizeof r.data)) return false;
+      if (!campi.Prossimo(s, n) || !Forma(s, n, "99:99:99", r.ora, sizeof r.ora)) return false;
+      break;
+    default:
+      return false;
+  }
+  return campi.Finiti();
+}
+
+// ---------------------------------------------------------------------------
+// Reading a journal.
+
+void LettoreGiornale::Avvia(bool gioca) {
+  gioca_ = gioca;
+  fermo_ = lunga_ = false;
+  usati_ = 0;
+  esito_ = EsitoGiornale{};
+  esito_.semimossa = gioca ? ContatoreMosse : 0;
+}
+
+void LettoreGiornale::Leggi(const char* pezzo, size_t lunghezza) {
+  for (size_t i = 0; i < lunghezza && !fermo_; ++i) {
+    const char c = pezzo[i];
+    if (c == '\n') {
+      Riga();
+      usati_ = 0;
+      lunga_ = false;
+    } else if (usati_ < sizeof riga_) {
+      riga_[usati_++] = c;
+    } else {
+      lunga_ = true;
+    }
+  }
+}
+
+EsitoGiornale LettoreGiornale::Fine() {
+  // A last line without its end: a record cut short, left out in silence.
+  if (!fermo_ && (usati_ > 0 || lunga_)) esito_.troncato = true;
+  fermo_ = true;
+  return esito_;
+}
+
+void LettoreGiornale::Riga() {
+  RecordGiornale r;
+  const bool buona = !lunga_ && LeggiRigaGiornale(riga_, usati_, r) &&
+                     (esito_.record == 0) == (r.tipo == 'I') && !esito_.chiuso && Applica(r);
+  if (!buona) {
+    // Nothing of a game before its start: no damage to speak of.
+    esito_.danneggiato = esito_.inizio;
+    fermo_ = true;
+    return;
+  }
+  esito_.inizio = true;
+  esito_.chiuso = r.tipo == 'F';
+  ++esito_.record;
+}
+
+bool LettoreGiornale::Applica(const RecordGiornale& r) {
+  uint64_t& ply = esito_.semimossa;
+  switch (r.tipo) {
+    case 'M': {
+      if (r.semimossa != ply + 1) return false;
+      if (!gioca_) break;
+      if (PartitaCompleta()) return false;
+      const int8_t promossa = r.promozione < 0 ? VALORE_SCONOSCIUTO : r.promozione;
+      DettagliMossa = {VALORE_SCONOSCIUTO, promossa,     r.colonna[0],
+                       r.riga[0],          r.colonna[1], r.riga[1]};
+      const uint64_t trovata = TrovaMossaCompatibile();
+      const uint32_t promozione = r.promozione < 0 ? NESSUN_PEZZO : uint32_t(r.promozione);
+      if (!trovata || TipoPromozioneMossa[TipoMossa(trovata)] != promozione) return false;
+      const uint64_t mossa = FaiMossaInComando();
+      if (mossa != trovata) return false;
+      // The notation's own checks run on DettagliMossa; what they leave
+      // there does not matter here.
+      const uint32_t ripetizioni = Ripetizioni;
+      const uint32_t ripetute[2] = {PosizioneRipetuta[0], PosizioneRipetuta[1]};
+      AnnotaMossa(mossa, Annotazione::InSilenzio);
+      if (std::strcmp(ElencoStringaMossa[ContatoreMosse], r.testo) != 0) {
+        // Not the move that was written: back to the last good record.
+        char result[8], termination[64], commento[64];
+        Copia(result, sizeof result, Result);
+        Copia(termination, sizeof termination, Termination);
+        Copia(commento, sizeof commento, CommentoRisultato);
+        RitiraUltimaMossa();
+        Copia(Result, sizeof Result, result);
+        Copia(Termination, sizeof Termination, termination);
+        Copia(CommentoRisultato, sizeof CommentoRisultato, commento);
+        Ripetizioni = ripetizioni;
+        PosizioneRipetuta[0] = ripetute[0];
+        PosizioneRipetuta[1] = ripetute[1];
+        return false;
+      }
+      break;
+    }
+    case 'R':
+      if (ply == 0 || r.semimossa != ply - 1) return false;
+      if (gioca_ && !RitiraUltimaMossa()) return false;
+      break;
+    case 'E':
+      if (!gioca_) break;
+      if (r.result[0] == '*')
+        RevocaAggiudicazione();
+      else
+        Aggiudica(r.termination, r.commento, r.result);
+      break;
+    case 'P':
+      if (!gioca_) break;
+      for (int k = 0; k < NUMERO_PARAMETRI; ++k) ParametroIni[k].valore = r.parametro[k];
+      break;
+    case 'T':
+      if (!gioca_) break;
+      // Taken up again with the clock stopped.
+      InMoto = 0;
+      TempoRimasto[0] = r.tempo[0];
+      TempoRimasto[1] = r.tempo[1];
+      PrimaVoltaInMoto = r.prima_volta;
+      Copia(DataUTC, sizeof DataUTC, r.data);
+      Copia(OraUTC, sizeof OraUTC, r.ora);
+      break;
+    default:
+      break;
+  }
+  if (r.tipo == 'M') ++ply;
+  if (r.tipo == 'R') --ply;
+  return true;
+}
+
+EsitoGiornale LeggiGiornale(const char* testo_giornale, size_t lunghezza, bool gioca) {
+  LettoreGiornale lettore;
+  lettore.Avvia(gioca);
+  lettore.Leggi(testo_giornale, lunghezza);
+  return lettore.Fine();
+}
+
+EsitoGiornale LeggiFileGiornale(bool gioca) {
+  static LettoreGiornale lettore;
+  static char pezzo[4096];
+  lettore.Avvia(gioca);
+  uint64_t posizione = 0;
+  for (;;) {
+    const int64_t letti = piattaforma::LeggiFile(NomeFileGiornale, posizione, pezzo, sizeof pezzo);
+    if (letti <= 0 || lettore.Fermo()) break;
+    lettore.Leggi(pezzo, size_t(letti));
+    posizione += uint64_t(letti);
+  }
+  return lettore.Fine();
+}
