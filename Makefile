@@ -7,6 +7,7 @@
 #   make test-lungo  the long tests (a hundred games killed and taken up again)
 #   make mutate  small deliberate bugs, one at a time: do the unit tests fail?
 #   make bench   benchmarks
+#   make soak    only the soak run of the game record (10,000 random games)
 #   make fuzz    every fuzzer (clang), FUZZ_SECONDI=60 each
 #   make format  clang-format on every source file (format-check: only list)
 #   make clean   removes build/
@@ -30,10 +31,10 @@ export ASAN_OPTIONS := detect_leaks=1
 export UBSAN_OPTIONS := print_stacktrace=1:halt_on_error=1
 WINE_AMBIENTE := WINEPREFIX=$(CURDIR)/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 
-.PHONY: help run test test-native test-windows test-lungo mutate bench fuzz format format-check clean
+.PHONY: help run test test-native test-windows test-lungo mutate bench soak fuzz format format-check clean
 
 help:
-	@sed -n '3,13s/^# //p' Makefile
+	@sed -n '3,14s/^# //p' Makefile
 
 # ctest's JUnit files feed the summary that ends every test target: runs,
 # failures, and each skipped test with its reason (scripts/riassunto_test.py).
@@ -118,6 +119,12 @@ bench:
 	@$(INSTALLA) bench
 	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DPENDRINO_BENCH=ON -DPENDRINO_TESTS=OFF
 	cmake --build build/bench -j$(JOBS) --target run_bench
+
+# The soak run alone; `make bench` runs it too.
+soak:
+	@$(INSTALLA) bench
+	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DPENDRINO_BENCH=ON -DPENDRINO_TESTS=OFF
+	cmake --build build/bench -j$(JOBS) --target bench_rodaggio
 
 # The fuzzers have their own build with clang; `make test` does not need it
 # (the tests replay their corpora). FUZZ_SECONDI sets the length of each run.

@@ -39,8 +39,10 @@ static void InstallaSchermi() {
   };
   SchermoDellaPartita.mossa_corrente = SchermoDellOrologio.stato;
   DopoFinestra = ImpostaFocus;
-  // While a box waits, the journal keeps the running time (and a move just
-  // played, when its question is the box).
+  // A box opens on a journal up to date (a move just played, when its
+  // question is the box), and while it waits the journal keeps the running
+  // time.
+  PrimaDellaFinestra = [] { AggiornaGiornale(false); };
   piattaforma::ImpostaBattito([] { AggiornaGiornale(false); });
 }
 

@@ -370,7 +370,8 @@ void comando_invio() {
 }
 
 void comando_RitiraUltimaMossa() {
-  if (ContatoreMosse == 0) {
+  // A game from a position with Black to move starts at ply 1.
+  if (ContatoreMosse <= TurnoIniziale) {
     Avvisa("La posizione e' quella iniziale: Non c'e' alcuna mossa da ritirare.");
     return;
   }

@@ -11,6 +11,7 @@ const char* const StringaColore[2] = {"bianco", "nero"};
 const char* const TitoloFinestre = "Attenzione!";
 
 void (*DopoFinestra)();
+void (*PrimaDellaFinestra)();
 
 // One byte is always kept for the terminating zero.
 
@@ -54,6 +55,7 @@ void AggiungiNumero(int64_t numero) {
 void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }
 
 int Domanda(const char* testo, unsigned stile) {
+  if (PrimaDellaFinestra) PrimaDellaFinestra();
   const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
   if (DopoFinestra) DopoFinestra();
   return risposta;

@@ -33,3 +33,6 @@ int Domanda(const char* testo, unsigned stile);
 // Run after every box has closed. The console installs the return of the
 // cursor to the focused line, so that a screen reader reads on from there.
 extern void (*DopoFinestra)();
+// Run before every box opens: the console brings the journal up to date, so
+// that what a box answers to is on disk before anyone can answer it.
+extern void (*PrimaDellaFinestra)();

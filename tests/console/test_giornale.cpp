@@ -40,7 +40,10 @@ std::string Tipi() {
 
 class GiornaleConsole : public AmbienteConsole {
  protected:
-  void TearDown() override { SospendiGiornale(); }
+  void TearDown() override {
+    SospendiGiornale();
+    PrimaDellaFinestra = nullptr;
+  }
 
   // Start-up as pendrino_main does it, up to the loop.
   static void Avvia() {
@@ -164,9 +167,24 @@ TEST_F(GiornaleConsole, LaMossaEGiaSulDiscoQuandoSiApreLaFinestraSeguente) {
   EXPECT_EQ(Righe(visto).back()[0], 'M');
 }
 
-TEST_F(GiornaleConsole, LaMossaDellaTriplaRipetizioneEScrittaMentreLaDomandaAspetta) {
+TEST_F(GiornaleConsole, LaMossaDellaTriplaRipetizioneEScrittaPrimaCheSiApraLaDomanda) {
   Avvia();
   for (const char* m : {"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}) Mossa(m);
+  // The heartbeat here only looks: what it sees was written as the box
+  // opened.
+  static std::string visto;
+  piattaforma::ImpostaBattito([] { visto = memoria::ContenutoFile(GIORNALE); });
+  memoria::AccodaRisposta(IDYES, 1);
+  Mossa("Ng8");
+  ASSERT_EQ(memoria::Finestre().back().testo, "Triplice ripetizione: aggiudicare la patta?");
+  EXPECT_NE(Righe(visto).back().find(" 8 f6 g8 - Ng8 "), std::string::npos) << visto;
+  EXPECT_EQ(Ultima()[0], 'E');
+}
+
+TEST_F(GiornaleConsole, IlBattitoScriveLaMossaSeLaFinestraSiApreAltrove) {
+  Avvia();
+  for (const char* m : {"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}) Mossa(m);
+  PrimaDellaFinestra = nullptr;
   static std::string visto;
   static void (*battito)() = memoria::BattitoInstallato();
   ASSERT_NE(battito, nullptr);
@@ -176,10 +194,7 @@ TEST_F(GiornaleConsole, LaMossaDellaTriplaRipetizioneEScrittaMentreLaDomandaAspe
   });
   memoria::AccodaRisposta(IDYES, 1);
   Mossa("Ng8");
-  ASSERT_EQ(memoria::Finestre().back().testo, "Triplice ripetizione: aggiudicare la patta?");
-  EXPECT_EQ(Righe(visto).back().substr(0, 20).back(), '8');
-  EXPECT_NE(Righe(visto).back().find(" g8 - Ng8 "), std::string::npos);
-  EXPECT_EQ(Ultima()[0], 'E');
+  EXPECT_NE(Righe(visto).back().find(" 8 f6 g8 - Ng8 "), std::string::npos) << visto;
 }
 
 TEST_F(GiornaleConsole, OrologioInMotoUnRecordOgniSecondoNelCiclo) {

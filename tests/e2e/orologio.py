@@ -71,9 +71,9 @@ class Pannello:
         return {
             15: " " * COLONNE,
             17: centrata(self.cadenza),
-            18: " " * COLONNE,
+            18: centrata("La posizione corrente e' quella iniziale"),
             19: centrata("Diritti d'arrocco: bianco entrambi, nero entrambi"),
-            20: " " * COLONNE,
+            20: centrata("Semimosse: reversibili 0, totali 0"),
             21: centrata(self.stato),
             37: riga_tempo("Bianco:", tempi[0]),
             38: riga_tempo("Nero:", tempi[1]),

@@ -467,6 +467,7 @@ TEST_F(Giornale, FileGrandeLettoAPezzi) {
   EXPECT_EQ(ContatoreMosse, 1u);
   EXPECT_EQ(TempoRimasto[1], tempo);
   EXPECT_EQ(TempoRimasto[0], 7200000 - 2000 * 1000);
+  EXPECT_EQ(InMoto, 0u);  // taken up with the clock stopped
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 // taken back, typing that text must find the very same move and lead to the
 // same position, record and status. Take-backs are mixed in; games end at
 // mate, stalemate, insufficient material, an adjudication the arbiter keeps,
-// or the record's last ply.
+// or the record's last ply. Every game's file is read by pgn-extract.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,6 +16,8 @@
 
 #include "ambiente_partita.h"
 #include "board/attacchi.h"
+#include "comune/pgn_extract.h"
+#include "game/file_partita.h"
 #include "moves/registro.h"
 
 namespace {
@@ -294,10 +296,20 @@ class PartiteCasuali : public AmbientePartita {
 };
 
 TEST_F(PartiteCasuali, DuecentoPartiteDallaPosizioneIniziale) {
+  // The game files one after another, for one run of the outside reader.
+  std::string file_partite;
   for (uint64_t seme = 1; seme <= PARTITE; ++seme) {
     GiocaPartita(seme);
     ASSERT_FALSE(HasFailure()) << "seme " << seme << ", ply " << ContatoreMosse;
+    static char pgn[32768];
+    const size_t lunghezza = TestoPartita(pgn, sizeof pgn);
+    ASSERT_LT(lunghezza, sizeof pgn) << "seme " << seme;
+    file_partite.append(pgn, lunghezza);
   }
+  if (pgn_extract::MotivoAssenza().empty())
+    EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(file_partite, PARTITE));
+  else
+    std::printf("pgn-extract not run: %s\n", pgn_extract::MotivoAssenza().c_str());
   // Every way a game ends was met.
   EXPECT_GT(finali[MATTO], 0);
   EXPECT_GT(finali[STALLO], 0);

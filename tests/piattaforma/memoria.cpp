@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -201,6 +202,27 @@ TEST_F(Memoria, FinestreRegistrateConRisposteOPredefinite) {
   EXPECT_EQ(f[2].stile, MB_OK | MB_ICONINFORMATION);
   EXPECT_EQ(f[3].testo, "Salvare\nprima?");
   EXPECT_EQ(f[3].risposta, IDCANCEL);
+}
+
+TEST_F(Memoria, UnaRispostaConBattitiFaPassareISecondiEChiamaIlBattito) {
+  static std::vector<uint64_t> visti;
+  visti.clear();
+  EXPECT_EQ(memoria::BattitoInstallato(), nullptr);
+  // Without a heartbeat the seconds pass all the same.
+  memoria::AccodaRisposta(IDYES, 2);
+  EXPECT_EQ(FinestraMessaggio("Salvare?", "Attenzione!", MB_YESNO), IDYES);
+  EXPECT_EQ(Millisecondi(), 2000u);
+  EXPECT_EQ(memoria::BattitiEseguiti(), 0u);
+  ImpostaBattito([] { visti.push_back(Millisecondi()); });
+  memoria::AccodaRisposta(IDNO, 3);
+  EXPECT_EQ(FinestraMessaggio("Uscire?", "Attenzione!", MB_YESNO), IDNO);
+  EXPECT_EQ(visti, (std::vector<uint64_t>{3000, 4000, 5000}));
+  EXPECT_EQ(memoria::BattitiEseguiti(), 3u);
+  // A box answered at once: no heartbeat.
+  FinestraMessaggio("Fatto.", "Attenzione!", MB_OK);
+  EXPECT_EQ(memoria::BattitiEseguiti(), 3u);
+  memoria::Azzera();
+  EXPECT_EQ(memoria::BattitoInstallato(), nullptr);
 }
 
 TEST_F(Memoria, RispostaPredefinitaPerStile) {
