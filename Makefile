@@ -4,6 +4,7 @@
 #   make test    sanitizer build and every test, then the Windows cross-build
 #                and its unit tests under wine; ends with a summary that lists
 #                every skipped test with its reason
+#   make test-lungo  the long tests (a hundred games killed and taken up again)
 #   make mutate  small deliberate bugs, one at a time: do the unit tests fail?
 #   make bench   benchmarks
 #   make soak    only the soak run of the game record (10,000 random games)
@@ -30,10 +31,10 @@ export ASAN_OPTIONS := detect_leaks=1
 export UBSAN_OPTIONS := print_stacktrace=1:halt_on_error=1
 WINE_AMBIENTE := WINEPREFIX=$(CURDIR)/build/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 
-.PHONY: help run test test-native test-windows mutate bench soak fuzz format format-check clean
+.PHONY: help run test test-native test-windows test-lungo mutate bench soak fuzz format format-check clean
 
 help:
-	@sed -n '3,13s/^# //p' Makefile
+	@sed -n '3,14s/^# //p' Makefile
 
 # ctest's JUnit files feed the summary that ends every test target: runs,
 # failures, and each skipped test with its reason (scripts/riassunto_test.py).
@@ -68,7 +69,7 @@ test-native:
 	cmake --build build/test -j$(JOBS)
 	@rm -f $(JUNIT_NATIVO) $(JUNIT_NATIVO).saltato
 	@stato=0; \
-	ctest --test-dir build/test --output-on-failure --timeout 600 \
+	ctest --test-dir build/test --output-on-failure --timeout 600 -LE lungo \
 	  --output-junit $(JUNIT_NATIVO) || stato=$$?; \
 	if [ -n "$(RIASSUNTO_FINALE)" ]; then $(RIASSUNTO) build/test=$(JUNIT_NATIVO); fi; \
 	exit $$stato
@@ -100,6 +101,13 @@ test-windows:
 	{ set +x; } 2>/dev/null; \
 	if [ -n "$(RIASSUNTO_FINALE)" ]; then $(RIASSUNTO) build/windows=$(JUNIT_WINDOWS); fi; \
 	exit $$stato
+
+# Not part of `make test`: the tests labelled lungo, on the sanitizer build.
+test-lungo:
+	@$(INSTALLA) test
+	cmake -S . -B build/test -DCMAKE_BUILD_TYPE=Debug -DPENDRINO_SANITIZE=ON -DPENDRINO_WERROR=ON
+	cmake --build build/test -j$(JOBS)
+	ctest --test-dir build/test --output-on-failure -L lungo
 
 # Not part of `make test`: a few minutes. Builds its own copy of the tree in
 # build/mutazioni (without sanitizers) and reuses it from one run to the next.

@@ -102,8 +102,10 @@ bool SuonaTono(uint32_t frequenza, uint32_t durata) {
 
 namespace piattaforma {
 
+// The screen is not brought up to date here: a tone sounds in the middle of
+// a command, before the game journal has its records, and the terminal must
+// never show what a crash would lose. The loop shows it right after.
 void Suona(uint32_t frequenza, uint32_t durata) {
-  terminale::Aggiorna();
   if (durata == 0) return;
   const uint64_t fine = Millisecondi() + durata;
   if (terminale::Udibile(frequenza) && terminale::PreparaAudio() &&
