@@ -21,14 +21,12 @@ Ctrl+X then a key, Ctrl+X twice then a key, Esc then a key.
 
 import os
 import re
-import shlex
 import sys
-import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import (COLONNE, PARAMETRI, Fallito, Terminale,  # noqa: E402
-                           scrivi_impostazioni, tasti_del_terminale)
+from terminale_pty import (esegui_classe, principale, COLONNE, PARAMETRI, Fallito,  # noqa: E402
+                           Terminale, scrivi_impostazioni, tasti_del_terminale)
 
 # Generous: the machine may be busy with builds; waits end as soon as met.
 ATTESA = 15.0
@@ -280,27 +278,7 @@ class Prova:
 
 
 def main():
-    if len(sys.argv) != 3:
-        sys.stderr.write(__doc__)
-        return 2
-    binario, terminale = os.path.abspath(sys.argv[1]), sys.argv[2]
-    inizio = time.monotonic()
-    with tempfile.TemporaryDirectory(prefix="pendrino-e2e-") as cartella:
-        prova = Prova(binario, terminale, cartella)
-        try:
-            prova.esegui()
-        except Fallito as e:
-            prova.errori.append(str(e))
-    durata = time.monotonic() - inizio
-    if prova.errori:
-        print(f"FAILED with TERM={terminale} ({shlex.quote(binario)}) after {durata:.1f} s:")
-        for e in prova.errori:
-            print(" -", e)
-        if prova.t is not None:
-            print(prova.t.mostra())
-        return 1
-    print(f"OK with TERM={terminale} in {durata:.1f} s")
-    return 0
+    return principale(__doc__, lambda binario, terminale: esegui_classe(Prova, binario, terminale))
 
 
 if __name__ == "__main__":

@@ -12,12 +12,12 @@ screen left, modified-key reporting reset, cooked mode restored).
 """
 
 import os
-import shlex
 import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import Fallito, Terminale, capacita, scrivi_impostazioni  # noqa: E402
+from terminale_pty import (Fallito, Terminale, capacita, principale,  # noqa: E402
+                           scrivi_impostazioni)
 
 CAVALLO = [
     "    /\\^__",
@@ -179,18 +179,7 @@ def prova(binario, terminale):
 
 
 def main():
-    if len(sys.argv) != 3:
-        sys.stderr.write(__doc__)
-        return 2
-    binario, terminale = os.path.abspath(sys.argv[1]), sys.argv[2]
-    errori = prova(binario, terminale)
-    if errori:
-        print(f"FAILED with TERM={terminale} ({shlex.quote(binario)}):")
-        for e in errori:
-            print(" -", e)
-        return 1
-    print(f"OK with TERM={terminale}")
-    return 0
+    return principale(__doc__, lambda binario, terminale: (prova(binario, terminale), None))
 
 
 if __name__ == "__main__":

@@ -20,13 +20,12 @@ Usage: terminale_piccolo.py <pendrino binary> <TERM>
 
 import os
 import re
-import shlex
 import sys
 import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import (COLONNE, RIGHE, Fallito, Terminale,  # noqa: E402
+from terminale_pty import (principale, COLONNE, RIGHE, Fallito, Terminale,  # noqa: E402
                            scrivi_impostazioni, tasti_del_terminale)
 
 ATTESA = 15.0
@@ -165,18 +164,7 @@ def prova(binario, terminale):
 
 
 def main():
-    if len(sys.argv) != 3:
-        sys.stderr.write(__doc__)
-        return 2
-    binario, terminale = os.path.abspath(sys.argv[1]), sys.argv[2]
-    errori = prova(binario, terminale)
-    if errori:
-        print(f"FAILED with TERM={terminale} ({shlex.quote(binario)}):")
-        for e in errori:
-            print(" -", e)
-        return 1
-    print(f"OK with TERM={terminale}")
-    return 0
+    return principale(__doc__, lambda binario, terminale: (prova(binario, terminale), None))
 
 
 if __name__ == "__main__":

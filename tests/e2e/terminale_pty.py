@@ -5,8 +5,10 @@ fed to a pyte screen (to check what a user would see).
 """
 
 import os
+import shlex
 import subprocess
 import sys
+import tempfile
 import time
 
 SALTA = 77  # CTest SKIP_RETURN_CODE
@@ -199,3 +201,39 @@ def scrivi_impostazioni(cartella, **valori):
     """A settings file in the program's working folder, so that it starts quietly."""
     with open(os.path.join(cartella, "pendrino.ini"), "w", newline="\n") as f:
         f.write(testo_impostazioni(**valori))
+
+
+def esegui_classe(classe, binario, terminale):
+    """Runs a test written as a class (`classe(binario, terminale, cartella)`
+    with `esegui()`, `errori` and the Terminale `t`) in a fresh folder; its
+    errors, and the last screen to show when there are any."""
+    with tempfile.TemporaryDirectory(prefix="pendrino-e2e-") as cartella:
+        prova = classe(binario, terminale, cartella)
+        try:
+            prova.esegui()
+        except Fallito as e:
+            prova.errori.append(str(e))
+    schermo = prova.t.mostra() if prova.errori and prova.t is not None else None
+    return prova.errori, schermo
+
+
+def principale(documento, prova):
+    """The command line of every screen test: `<program> <TERM>`.
+    `prova(binario, terminale)` returns the errors and the screen to show on
+    failure (or None). Exit status 0, 1 for a failure, 2 for a wrong call."""
+    if len(sys.argv) != 3:
+        sys.stderr.write(documento)
+        return 2
+    binario, terminale = os.path.abspath(sys.argv[1]), sys.argv[2]
+    inizio = time.monotonic()
+    errori, schermo = prova(binario, terminale)
+    durata = time.monotonic() - inizio
+    if errori:
+        print(f"FAILED with TERM={terminale} ({shlex.quote(binario)}) after {durata:.1f} s:")
+        for e in errori:
+            print(" -", e)
+        if schermo:
+            print(schermo)
+        return 1
+    print(f"OK with TERM={terminale} in {durata:.1f} s")
+    return 0
