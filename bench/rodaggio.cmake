@@ -4,6 +4,8 @@
 add_executable(pendrino_rodaggio ${CMAKE_CURRENT_LIST_DIR}/rodaggio.cpp
   ${CMAKE_CURRENT_LIST_DIR}/rodaggio_main.cpp)
 target_link_libraries(pendrino_rodaggio PRIVATE pendrino_game pendrino_diagnostics)
+# The coordinates of a move, typed as the tests type them.
+target_include_directories(pendrino_rodaggio PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 set_target_properties(pendrino_rodaggio PROPERTIES PENDRINO_BACKEND pendrino_memoria)
 if(COMMAND pendrino_bench)
   pendrino_bench(rodaggio COMMAND $<TARGET_FILE:pendrino_rodaggio> 10000

@@ -10,6 +10,7 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "comune/coordinate.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
@@ -40,17 +41,7 @@ uint64_t Scacchiere;
 void TestoNelRodaggio(const char* testo, size_t lunghezza) { Stampato.append(testo, lunghezza); }
 void ScacchieraNelRodaggio() { ++Scacchiere; }
 
-// "e2e4", "e7e8N": what a player types by coordinates.
-std::string Coordinate(uint64_t mossa) {
-  std::string t;
-  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
-    t += char('a' + (casa & 7));
-    t += char('8' - (casa >> 3));
-  }
-  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
-  if (promozione != 255) t += "?NBRQ"[promozione];
-  return t;
-}
+using partite_a_caso::Coordinate;
 
 bool Legale(uint64_t mossa) {
   for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)

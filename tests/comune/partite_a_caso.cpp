@@ -13,17 +13,6 @@
 
 namespace partite_a_caso {
 
-std::string Coordinate(uint64_t mossa) {
-  std::string t;
-  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
-    t += char('a' + (casa & 7));
-    t += char('8' - (casa >> 3));
-  }
-  const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
-  if (promozione != 255) t += "?NBRQ"[promozione];
-  return t;
-}
-
 bool SottoScacco() {
   const Colore lato = AlTratto();
   return lato == BIANCO ? attaccano_pezzi<NERO>(casa_re[BIANCO])

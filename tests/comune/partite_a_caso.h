@@ -11,11 +11,9 @@
 #include <string>
 #include <vector>
 
-namespace partite_a_caso {
+#include "comune/coordinate.h"
 
-// "e2e4", "e7e8N": the coordinates of a move word, with the letter of an
-// under-promotion or of a queen's.
-std::string Coordinate(uint64_t mossa);
+namespace partite_a_caso {
 
 // Whether the king of the side to move is attacked, from the board alone.
 bool SottoScacco();

@@ -1,12 +1,12 @@
 #include <string>
 
 #include "ambiente_console.h"
+#include "comune/toni.h"
 #include "console/avvio.h"
 
 using namespace piattaforma::win32;
 
 namespace {
-
 
 class Comandi : public AmbienteConsole {
  protected:
@@ -15,16 +15,6 @@ class Comandi : public AmbienteConsole {
   static void CursoreIn(int x, int y) {
     EXPECT_EQ(memoria::CursoreX(), x);
     EXPECT_EQ(memoria::CursoreY(), y);
-  }
-  static void ToniSono(std::initializer_list<memoria::Tono> attesi) {
-    const auto& toni = memoria::Toni();
-    ASSERT_EQ(toni.size(), attesi.size());
-    size_t i = 0;
-    for (const memoria::Tono& t : attesi) {
-      EXPECT_EQ(toni[i].frequenza, t.frequenza) << i;
-      EXPECT_EQ(toni[i].durata, t.durata) << i;
-      ++i;
-    }
   }
   // Answers the exit question with `risposta`, expecting the program to end
   // with status 0; returns 1 when the game file was written on the way.

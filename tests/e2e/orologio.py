@@ -25,8 +25,9 @@ import sys
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import (esegui_classe, principale, COLONNE, PARAMETRI, Fallito,  # noqa: E402
-                           Terminale, scrivi_impostazioni, tasti_del_terminale)
+from terminale_pty import (esegui_classe, principale, rispondi_riquadro,  # noqa: E402
+                           COLONNE, PARAMETRI, Fallito, Terminale,
+                           scrivi_impostazioni, tasti_del_terminale)
 
 # Generous: the machine may be busy with builds; waits end as soon as met.
 ATTESA = 15.0
@@ -120,15 +121,7 @@ class Prova:
         self.controlla(t.cursore() == cursore, f"{passo}: cursor at {t.cursore()}, expected {cursore}")
 
     def rispondi_domanda(self, domanda, risposta, passo):
-        t = self.t
-        t.attendi(lambda: t.contiene(domanda), f"{passo}: the question {domanda!r}", ATTESA)
-        t.quiete(0.2)
-        x, y = t.cursore()
-        self.controlla(t.riga(y)[x:].startswith(domanda),
-                       f"{passo}: cursor ({x}, {y}) not at the start of the question: {t.riga(y)!r}")
-        self.controlla(t.contiene("Attenzione!"), f"{passo}: the box has no title 'Attenzione!'")
-        t.invia(risposta)
-        t.attendi(lambda: not t.contiene(domanda), f"{passo}: the box to close", ATTESA)
+        self.errori += rispondi_riquadro(self.t, domanda, risposta, passo, ATTESA)
 
     def avvia(self):
         self.t = Terminale(self.binario, [], self.terminale, self.cartella)

@@ -28,8 +28,9 @@ import sys
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from terminale_pty import (esegui_classe, principale, COLONNE, Fallito, Terminale,  # noqa: E402
-                           capacita, scrivi_impostazioni, tasti_del_terminale)
+from terminale_pty import (esegui_classe, principale, rispondi_riquadro,  # noqa: E402
+                           COLONNE, Fallito, Terminale, capacita,
+                           scrivi_impostazioni, tasti_del_terminale)
 
 ATTESA = 15.0
 
@@ -236,15 +237,7 @@ class Prova:
             self.controlla(ben_formato(t.riga(y)[43:52]), f"{passo}: time line {y}: {t.riga(y)!r}")
 
     def rispondi(self, testo, risposta, passo):
-        t = self.t
-        t.attendi(lambda: t.contiene(testo), f"{passo}: the box {testo!r}", ATTESA)
-        t.quiete(0.2)
-        x, y = t.cursore()
-        self.controlla(t.riga(y)[x:].startswith(testo),
-                       f"{passo}: cursor ({x}, {y}) not at the start of {testo!r}: {t.riga(y)!r}")
-        self.controlla(t.contiene("Attenzione!"), f"{passo}: the box has no title 'Attenzione!'")
-        t.invia(risposta)
-        t.attendi(lambda: not t.contiene(testo), f"{passo}: the box to close", ATTESA)
+        self.errori += rispondi_riquadro(self.t, testo, risposta, passo, ATTESA)
 
     # -- moves -----------------------------------------------------------
     def digita(self, testo, passo):

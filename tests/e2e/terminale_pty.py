@@ -237,3 +237,21 @@ def principale(documento, prova):
         return 1
     print(f"OK with TERM={terminale} in {durata:.1f} s")
     return 0
+
+
+def rispondi_riquadro(t, testo, risposta, passo, attesa):
+    """Waits for the box that shows `testo`, checks that the cursor stands at
+    the start of its text (where a screen reader starts) and that it has its
+    title, answers it with the bytes `risposta` and waits for it to close.
+    The problems seen, as messages."""
+    problemi = []
+    t.attendi(lambda: t.contiene(testo), f"{passo}: the box {testo!r}", attesa)
+    t.quiete(0.2)
+    x, y = t.cursore()
+    if not t.riga(y)[x:].startswith(testo):
+        problemi.append(f"{passo}: cursor ({x}, {y}) not at the start of {testo!r}: {t.riga(y)!r}")
+    if not t.contiene("Attenzione!"):
+        problemi.append(f"{passo}: the box has no title 'Attenzione!'")
+    t.invia(risposta)
+    t.attendi(lambda: not t.contiene(testo), f"{passo}: the box to close", attesa)
+    return problemi

@@ -10,6 +10,7 @@
 #include "board/posizione.h"
 #include "clock/orologio.h"
 #include "comune/tabelle.h"
+#include "comune/toni.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 
@@ -78,17 +79,6 @@ class Aggiudicazione : public ::testing::Test {
     EXPECT_EQ(finestre[0].testo, testo);
     EXPECT_EQ(finestre[0].titolo, "Attenzione!");
     EXPECT_EQ(finestre[0].stile, stile);
-  }
-
-  static void ToniSono(std::initializer_list<memoria::Tono> attesi) {
-    const auto& toni = memoria::Toni();
-    ASSERT_EQ(toni.size(), attesi.size());
-    size_t i = 0;
-    for (const memoria::Tono& t : attesi) {
-      EXPECT_EQ(toni[i].frequenza, t.frequenza) << i;
-      EXPECT_EQ(toni[i].durata, t.durata) << i;
-      ++i;
-    }
   }
 };
 
