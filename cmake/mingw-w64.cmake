@@ -22,6 +22,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# ctest and test discovery run the .exe files through wine.
-set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+# ctest and test discovery run the .exe files through wine, by way of a
+# script that runs a program once more when wine, not a test, failed it.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine_riprova.sh)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")

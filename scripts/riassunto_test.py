@@ -8,7 +8,9 @@ The JUnit files come from `ctest --output-junit`. A skipped test's reason is
 the line its output starts with "SKIPPED:" (the terminal and screen tests print
 one), else GoogleTest's skip message, else what CTest recorded. A missing file
 means that ctest did not run for that build; `<file>.saltato`, when present,
-says why. Only the standard library is used.
+says why; `<file>.riprove`, when present, lists the test programs that wine
+had to start twice (scripts/wine_riprova.sh), each printed with the summary.
+Only the standard library is used.
 """
 
 import sys
@@ -39,10 +41,13 @@ def main():
     if len(sys.argv) < 2:
         sys.stderr.write(__doc__)
         return 2
-    saltati, falliti, righe = [], [], []
+    saltati, falliti, righe, riprove = [], [], [], []
     for argomento in sys.argv[1:]:
         nome, _, percorso = argomento.partition("=")
         file = Path(percorso)
+        elenco_riprove = Path(percorso + ".riprove")
+        if elenco_riprove.is_file():
+            riprove += [f"RETRIED: {r} ({nome})" for r in elenco_riprove.read_text().splitlines() if r]
         if not file.is_file():
             perche = Path(percorso + ".saltato")
             motivo = perche.read_text().strip() if perche.is_file() else "ctest did not run"
@@ -74,6 +79,10 @@ def main():
         print(riga)
     for riga in falliti:
         print(riga)
+    if riprove:
+        print(f"Run twice because wine failed them without a test failure: {len(riprove)}")
+        for riga in riprove:
+            print(riga)
     if saltati:
         print(f"Skipped tests: {len(saltati)}, each with its reason:")
         for riga in saltati:
