@@ -131,6 +131,22 @@ def prova(exe, cartella):
     return errori, t
 
 
+def prova_in_una_cartella(exe):
+    t = None
+    with tempfile.TemporaryDirectory(prefix="pendrino-wine-") as cartella:
+        try:
+            errori, t = prova(exe, cartella)
+        finally:
+            if t is not None and t.figlio.isalive():
+                # The whole group: the wine loader and what it started here.
+                try:
+                    os.killpg(t.figlio.pid, signal.SIGKILL)
+                except ProcessLookupError:
+                    pass
+                t.termina()
+    return errori, t
+
+
 def main():
     if len(sys.argv) != 2:
         sys.stderr.write(__doc__)
@@ -146,18 +162,12 @@ def main():
     os.environ["WINEDEBUG"] = "-all"
     os.environ.setdefault("WINEDLLOVERRIDES", "mscoree,mshtml=")
     inizio = time.monotonic()
-    t = None
-    with tempfile.TemporaryDirectory(prefix="pendrino-wine-") as cartella:
-        try:
-            errori, t = prova(exe, cartella)
-        finally:
-            if t is not None and t.figlio.isalive():
-                # The whole group: the wine loader and what it started here.
-                try:
-                    os.killpg(t.figlio.pid, signal.SIGKILL)
-                except ProcessLookupError:
-                    pass
-                t.termina()
+    errori, t = prova_in_una_cartella(exe)
+    if errori and not t.ricevuto:
+        # wine has now and then ended a program at once without a byte; the
+        # second start decides, and the output says that there was one.
+        print("wine ended the program without writing anything: running it once more")
+        errori, t = prova_in_una_cartella(exe)
     durata = time.monotonic() - inizio
     if errori:
         print(f"FAILED under wine ({exe}) after {durata:.1f} s:")

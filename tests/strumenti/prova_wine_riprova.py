@@ -22,6 +22,9 @@ case "$1" in
     if [ "$chiamate" -eq 1 ]; then printf 'wine: could not start\r\n' >&2; exit 3; fi
     echo "[  PASSED  ] 1 test."; exit 0 ;;
   sempre) echo "wine: could not start" >&2; exit 5 ;;
+  muto)
+    if [ "$chiamate" -eq 1 ]; then exit 1; fi
+    echo "1686"; exit 0 ;;
   elenco) echo "Posizione."; echo "  Vuota"; echo "rumore" >&2; exit 0 ;;
 esac
 exit 9
@@ -83,6 +86,12 @@ def main():
         r, chiamate, righe = esegui(lanciatore, cartella, "sempre", "--suite")
         controlla(r.returncode == 5 and chiamate == 1 and not righe,
                   f"a program outside GoogleTest must run once: exit {r.returncode}, {chiamate} runs")
+
+        # ... unless wine ended it without a word: then it runs once more.
+        r, chiamate, righe = esegui(lanciatore, cartella, "muto", "3")
+        controlla(r.returncode == 0 and chiamate == 2 and r.stdout == "1686\n" and len(righe) == 1
+                  and "first run: exit 1, last line: (no output) | second run: exit 0" in righe[0],
+                  f"a silent failure outside GoogleTest: exit {r.returncode}, {chiamate} runs, {righe}")
 
         r, chiamate, righe = esegui(lanciatore, cartella, "elenco", "--gtest_list_tests")
         controlla(r.stdout == "Posizione.\n  Vuota\n" and "rumore" in r.stderr,
