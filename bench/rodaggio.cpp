@@ -10,7 +10,7 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/coordinate.h"
+#include "comune/mosse_a_caso.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
@@ -42,6 +42,7 @@ void TestoNelRodaggio(const char* testo, size_t lunghezza) { Stampato.append(tes
 void ScacchieraNelRodaggio() { ++Scacchiere; }
 
 using partite_a_caso::Coordinate;
+using partite_a_caso::ScegliMossa;
 
 bool Legale(uint64_t mossa) {
   for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
@@ -156,27 +157,6 @@ class Rodaggio_ {
     if (PartitaAggiudicata()) Guasto("a take-back left a result");
   }
 
-  // A random legal move, leaning towards undoing the side's own last move
-  // (repetitions, long reversible runs) and towards captures (the endings).
-  uint64_t Scegli(size_t quante) {
-    const uint64_t modo = Caso(4);
-    if (modo == 0 && ContatoreMosse >= TurnoIniziale + 2) {
-      const uint64_t propria = ElencoMosse[ContatoreMosse - 1];
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (OrigineMossa(*p) == DestinazioneMossa(propria) &&
-            DestinazioneMossa(*p) == OrigineMossa(propria))
-          return *p;
-    }
-    if (modo == 1) {
-      uint64_t catture[DIMENSIONE_BUFFER_MOSSE];
-      size_t n = 0;
-      for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-        if (PezzoIn[DestinazioneMossa(*p)] != CASA_VUOTA) catture[n++] = *p;
-      if (n) return catture[Caso(n)];
-    }
-    return BufferMosseGenerate[Caso(quante)];
-  }
-
   // The record's text as a player might type it: often as written, else
   // without the signs the reader skips, castling with the letter O.
   std::string Variante(const std::string& scritto) {
@@ -213,7 +193,7 @@ class Rodaggio_ {
       Guasto("a game goes on without legal moves");
       return false;
     }
-    const uint64_t mossa = Scegli(quante);
+    const uint64_t mossa = ScegliMossa([this](uint64_t n) { return Caso(n); }, TurnoIniziale);
     if (!Legale(mossa)) {
       Guasto("chose a move that is not legal");
       return false;

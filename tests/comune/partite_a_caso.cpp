@@ -75,22 +75,7 @@ int Dado::Occorrenze() const {
 }
 
 uint64_t Dado::Scegli() {
-  const size_t quante = size_t(FineMosseGenerate - BufferMosseGenerate);
-  const uint64_t modo = Caso(4);
-  if (modo == 0 && ContatoreMosse >= 2) {
-    const uint64_t propria = ElencoMosse[ContatoreMosse - 1];
-    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-      if (OrigineMossa(*p) == DestinazioneMossa(propria) &&
-          DestinazioneMossa(*p) == OrigineMossa(propria))
-        return *p;
-  }
-  if (modo == 1) {
-    std::vector<uint64_t> catture;
-    for (const uint64_t* p = BufferMosseGenerate; p < FineMosseGenerate; ++p)
-      if (PezzoIn[DestinazioneMossa(*p)] != CASA_VUOTA) catture.push_back(*p);
-    if (!catture.empty()) return catture[Caso(catture.size())];
-  }
-  return BufferMosseGenerate[Caso(quante)];
+  return ScegliMossa([this](uint64_t n) { return Caso(n); }, 0);
 }
 
 bool Dado::RitiriACaso(const std::function<void()>& ritira) {

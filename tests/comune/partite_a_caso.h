@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "comune/coordinate.h"
+#include "comune/mosse_a_caso.h"
 
 namespace partite_a_caso {
 
