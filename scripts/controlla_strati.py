@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
 """Layer check: every #include "a/b.h" under src/ must name a header of the
 including file's own folder or of a folder that its library links (directly
-or through the libraries it links).
+or through the libraries it links); and inside one folder, the modules (a
+header with its source, by file name) must not include each other in a ring.
 
   controlla_strati.py SRC STRATI
 
 SRC is the source folder; STRATI the file the build writes (build/*/strati.txt),
 one line per library folder: "folder: linked folder ...". Files of src/ outside
 every library folder (the program's main) may include anything. Prints one
-line per refused include and exits 1 when there is any.
+line per refused include or ring and exits 1 when there is any.
 """
 import os
 import re
@@ -59,6 +60,39 @@ def cartella_di(relativo, cartelle):
     return migliore
 
 
+def modulo(nome):
+    """The module a file belongs to: its name without the extension."""
+    return os.path.splitext(os.path.basename(nome))[0]
+
+
+def anelli(inclusioni):
+    """The rings of a folder's module graph, each once, as lists of modules
+    that start and end with the same one. `inclusioni` maps a module to the
+    modules of the same folder it includes."""
+    trovati, visti = [], set()
+    stato = {}  # 1 on the current path, 2 done
+
+    def visita(m, percorso):
+        stato[m] = 1
+        percorso.append(m)
+        for n in sorted(inclusioni.get(m, ())):
+            if stato.get(n) == 1:
+                anello = percorso[percorso.index(n):] + [n]
+                chiave = frozenset(anello)
+                if chiave not in visti:
+                    visti.add(chiave)
+                    trovati.append(anello)
+            elif n not in stato:
+                visita(n, percorso)
+        percorso.pop()
+        stato[m] = 2
+
+    for m in sorted(inclusioni):
+        if m not in stato:
+            visita(m, [])
+    return trovati
+
+
 def main():
     if len(sys.argv) != 3:
         sys.exit(__doc__)
@@ -66,6 +100,8 @@ def main():
     permesse = chiusura(strati)
     errori = []
     controllati = 0
+    # Per folder: module -> modules of the same folder it includes.
+    moduli = {}
     for base, _, file in os.walk(radice):
         for nome in sorted(file):
             if not nome.endswith((".h", ".cpp", ".inc")):
@@ -80,16 +116,24 @@ def main():
                 testo = f.read()
             for incluso in INCLUDE.findall(testo):
                 sua = cartella_di(incluso, permesse)
+                if sua == mia and os.path.dirname(incluso) == mia and \
+                        modulo(incluso) != modulo(nome):
+                    moduli.setdefault(mia, {}).setdefault(modulo(nome), set()).add(
+                        modulo(incluso))
                 if sua is None:
                     errori.append(f"{relativo}: includes {incluso}, which is in no layer")
                 elif sua not in permesse[mia]:
                     errori.append(f"{relativo}: includes {incluso}, but the {mia} library "
                                   f"does not link {sua}")
+    for cartella in sorted(moduli):
+        for anello in anelli(moduli[cartella]):
+            errori.append(f"{cartella}: the modules include each other in a ring: "
+                          + " -> ".join(anello))
     for e in errori:
         print(e)
     if controllati == 0:
         sys.exit("controlla_strati: no source file found under " + radice)
-    print(f"controlla_strati: {controllati} files, {len(errori)} refused includes")
+    print(f"controlla_strati: {controllati} files, {len(errori)} refused includes or rings")
     sys.exit(1 if errori else 0)
 
 

@@ -14,6 +14,7 @@
 #include "game/giornale.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/lettore_ini.h"
 #include "settings/parametri.h"
 
 using namespace piattaforma::win32;

@@ -4,12 +4,11 @@
 #include <initializer_list>
 
 #include "console/comandi.h"
+#include "console/schermo.h"
 #include "messaggi/composizione.h"
 #include "piattaforma/piattaforma.h"
 
 const char* const NomeFileGuida = "leggimi.html";
-
-const char* const RigaDeiCrediti = "Pendrino 1.0 - il team di Pendrino";
 
 // Note 3's accented letter is the byte of the Windows code page; the page
 // declares no character set.

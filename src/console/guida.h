@@ -7,10 +7,6 @@
 
 extern const char* const NomeFileGuida;  // "leggimi.html"
 
-// Who made the program: the start screen's line under the title and the
-// page's credit heading.
-extern const char* const RigaDeiCrediti;
-
 constexpr int NUMERO_NOTE = 16;
 constexpr int NOTE_USATE = 10;
 extern const char* const Nota[NUMERO_NOTE];  // the unused ones empty

@@ -6,7 +6,6 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
-#include "console/guida.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
@@ -29,6 +28,8 @@ static void StampaRipetuto(char carattere, int quanti) {
 
 // ---------------------------------------------------------------------------
 // Header.
+
+const char* const RigaDeiCrediti = "Pendrino 1.0 - il team di Pendrino";
 
 static const char* const Cavallo[13] = {
     "    /\\^__",     "   //    \\",     "   |   0  \\_", "   |    \\__| ", "   |     \\",

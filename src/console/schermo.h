@@ -17,6 +17,10 @@ constexpr int16_t y_comando = 40;
 constexpr int16_t x_comando = 44;
 constexpr int16_t x_tempo = 44;
 
+// Who made the program: the start screen's line under the title, and the
+// help page's credit heading.
+extern const char* const RigaDeiCrediti;
+
 void gotoxy(int16_t x, int16_t y);
 void DisegnaIntestazione();
 void StampaPannelloPrincipale();

@@ -9,6 +9,17 @@
 
 #include "settings/parametri.h"
 
+// What became of a text read: every row found, some missing, or stopped by a
+// key that is no row's.
+enum class EsitoIni { Completo, Incompleto, ChiaveSconosciuta };
+
+// Loads pendrino.ini into the table, with the notices for a missing,
+// unreadable or incomplete file and for values out of range.
+void LeggiIni();
+// The reading of a file's text, without the file: sets the values found,
+// notices each value out of range, and tells what became of the rest.
+EsitoIni LeggiTestoIni(const char* testo, size_t lunghezza);
+
 class LettoreIni {
  public:
   // Before the first piece: every row at its default, none found yet.

@@ -38,16 +38,8 @@ extern const char* const NomeFileIni;  // "pendrino.ini"
 void DefaultIni();
 // Writes the whole file, replacing the old one at once.
 void ScriviIni();
-// Loads the file into the table, with the notices for a missing, unreadable
-// or incomplete file and for values out of range.
-void LeggiIni();
 // Appends to the message "i valori ammessi sono compresi nell'intervallo
 // ( min - max).\n" for a row.
 void AggiungiIntervallo(const RigaIni& riga);
 // The notice for an out-of-range value of row `indice`.
 void AvisaValoreIniErrato(int indice);
-
-// The reading of a file's text, without the file: sets the values found,
-// notices each value out of range, and tells what became of the rest.
-enum class EsitoIni { Completo, Incompleto, ChiaveSconosciuta };
-EsitoIni LeggiTestoIni(const char* testo, size_t lunghezza);

@@ -15,6 +15,7 @@
 #include "comune/testo.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "settings/lettore_ini.h"
 #include "settings/parametri.h"
 
 using namespace piattaforma::win32;
