@@ -7,6 +7,7 @@
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
+CadenzaDiGioco CadenzaPartita = {1, 40, 120, 0, 30, 0};
 char Cadenza[64];
 char DataUTC[16] = "?";
 char OraUTC[12] = "?";
@@ -38,20 +39,35 @@ struct Scrittura {
 
 }  // namespace
 
+CadenzaDiGioco CadenzaDaiParametri() {
+  return {Parametro(PARAMETRO_PERIODI),
+          Parametro(PARAMETRO_MOSSE_PRIMO_PERIODO),
+          Parametro(PARAMETRO_TEMPO_PRIMO_PERIODO),
+          Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO),
+          Parametro(PARAMETRO_TEMPO_SECONDO_PERIODO),
+          Parametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO)};
+}
+
+void ImpostaCadenzaPartita(const CadenzaDiGioco& cadenza) {
+  CadenzaPartita = cadenza;
+  ScriviCadenza();
+}
+
 void ScriviCadenza() {
   Scrittura s;
-  const int64_t primo = int64_t(Parametro(PARAMETRO_TEMPO_PRIMO_PERIODO)) * 60;
-  if (Parametro(PARAMETRO_PERIODI) != 1) {
-    s.Numero(Parametro(PARAMETRO_MOSSE_PRIMO_PERIODO));
+  const CadenzaDiGioco& c = CadenzaPartita;
+  const int64_t primo = int64_t(c.tempo_primo_periodo) * 60;
+  if (c.periodi != 1) {
+    s.Numero(c.mosse_primo_periodo);
     s.Testo("/");
     s.Numero(primo);
-    s.Incremento(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO));
+    s.Incremento(c.incremento_primo_periodo);
     s.Testo(":");
-    s.Numero(int64_t(Parametro(PARAMETRO_TEMPO_SECONDO_PERIODO)) * 60);
-    s.Incremento(Parametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO));
+    s.Numero(int64_t(c.tempo_secondo_periodo) * 60);
+    s.Incremento(c.incremento_secondo_periodo);
   } else {
     s.Numero(primo);
-    s.Incremento(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO));
+    s.Incremento(c.incremento_primo_periodo);
   }
 }
 

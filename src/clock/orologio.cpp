@@ -65,13 +65,13 @@ int32_t TempoRimastoInMoto(int colore) {
 }
 
 void CaricaTempoDaiParametri() {
-  const int32_t minuti = Parametro(PARAMETRO_TEMPO_PRIMO_PERIODO);
+  ImpostaCadenzaPartita(CadenzaDaiParametri());
+  const int32_t minuti = CadenzaPartita.tempo_primo_periodo;
   for (int colore = 0; colore < 2; ++colore) {
     TempoRimasto[colore] = int32_t(int64_t(minuti) * MILLISECONDI_AL_MINUTO);
     TempoVisualizzato[colore] = 0;
   }
   for (int colore = 0; colore < 2; ++colore) StampaTempo(colore, int32_t(int64_t(minuti) * 60));
-  ScriviCadenza();
   if (SchermoDellOrologio.cadenza) SchermoDellOrologio.cadenza();
 }
 
@@ -104,31 +104,35 @@ void PremiOrologio(int colore) {
   Addebita(colore, InizioTempo, adesso);
   InizioTempo = adesso;
 
-  // Read at every press: a change made while the clock was stopped applies
-  // from the next move on.
-  const int32_t incremento_primo = Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO);
-  if (Parametro(PARAMETRO_PERIODI) == 1) {
-    // The mover's line keeps its last shown second; the loop redraws it when
-    // its turn comes again.
-    Aggiungi(colore, int64_t(incremento_primo) * 1000);
-    return;
-  }
-
-  const int64_t mossa = int64_t(ContatoreMosse >> 1) + 1;
-  // Black's n-th move leaves the count one higher than White's n-th.
-  const int64_t limite = colore + int64_t(Parametro(PARAMETRO_MOSSE_PRIMO_PERIODO));
-  if (mossa <= limite) {
-    Aggiungi(colore, int64_t(incremento_primo) * 1000);
+  // The game's own control: a setting changed during the game waits for the
+  // next one.
+  const CadenzaDiGioco& cadenza = CadenzaPartita;
+  if (cadenza.periodi == 1) {
+    Aggiungi(colore, int64_t(cadenza.incremento_primo_periodo) * 1000);
   } else {
-    Aggiungi(colore, int64_t(Parametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO)) * 1000);
+    const int64_t mossa = int64_t(ContatoreMosse >> 1) + 1;
+    // Black's n-th move leaves the count one higher than White's n-th.
+    const int64_t limite = colore + int64_t(cadenza.mosse_primo_periodo);
+    if (mossa <= limite) {
+      Aggiungi(colore, int64_t(cadenza.incremento_primo_periodo) * 1000);
+    } else {
+      Aggiungi(colore, int64_t(cadenza.incremento_secondo_periodo) * 1000);
+    }
+    if (mossa == limite) {
+      Aggiungi(colore, int64_t(cadenza.tempo_secondo_periodo) * MILLISECONDI_AL_MINUTO);
+      piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
+      Bip();
+      piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
+    }
   }
-  if (mossa == limite) {
-    Aggiungi(colore, int64_t(Parametro(PARAMETRO_TEMPO_SECONDO_PERIODO)) * MILLISECONDI_AL_MINUTO);
-    piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
-    Bip();
-    piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
-  }
+  // Both lines tell the truth at once: the mover's with what it used and
+  // earned, the other's as it starts to run. The running side's last shown
+  // second stays as the loop left it, so that the loop's checks of that
+  // second (alarms, countdown, flag) still run.
   MostraTempoRimasto(colore);
+  const int altro = 1 - colore;
+  if (SchermoDellOrologio.tempo)
+    SchermoDellOrologio.tempo(altro, SecondiInMillisecondi(TempoRimasto[altro]));
 }
 
 void ModificaTempo(int colore, int32_t minuti) {

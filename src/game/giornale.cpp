@@ -23,7 +23,9 @@ const char* const TestoGiornaleNonScrivibile =
 
 namespace {
 
-constexpr uint32_t VERSIONE_GIORNALE = 1;
+constexpr uint32_t VERSIONE_GIORNALE = 2;
+// The oldest format still taken up.
+constexpr uint32_t PRIMA_VERSIONE_GIORNALE = 1;
 constexpr uint32_t NESSUN_PEZZO = 255;
 constexpr const char* LETTERE_PROMOZIONE = "?NBRQ";  // by kind 1..4
 constexpr size_t CIFRE_CONTROLLO = 8;
@@ -109,7 +111,7 @@ struct Scritto {
   uint64_t semimosse;
   uint64_t mossa[MAX_SEMIMOSSE];
   char result[8], termination[64], commento[64];
-  int32_t parametro[NUMERO_PARAMETRI];
+  CadenzaDiGioco cadenza;
   uint32_t in_moto, prima_volta;
   int32_t tempo[2];
   int32_t secondo;  // the running side's shown second
@@ -139,9 +141,13 @@ StatoOrologio OrologioAdesso() {
   return o;
 }
 
-void ComponiParametri() {
-  testo.Inizia('P');
-  for (int r = 0; r < NUMERO_PARAMETRI; ++r) testo.Campo(Parametro(r));
+void ComponiCadenza() {
+  const CadenzaDiGioco& c = CadenzaPartita;
+  testo.Inizia('C');
+  for (int32_t v :
+       {c.periodi, c.mosse_primo_periodo, c.tempo_primo_periodo, c.incremento_primo_periodo,
+        c.tempo_secondo_periodo, c.incremento_secondo_periodo})
+    testo.Campo(v);
   testo.Termina();
 }
 
@@ -188,11 +194,7 @@ bool EsitoCambiato() {
          std::strcmp(scritto.commento, CommentoRisultato) != 0;
 }
 
-bool ParametriCambiati() {
-  for (int r = 0; r < NUMERO_PARAMETRI; ++r)
-    if (scritto.parametro[r] != Parametro(r)) return true;
-  return false;
-}
+bool CadenzaCambiata() { return !(scritto.cadenza == CadenzaPartita); }
 
 bool OrologioCambiato(const StatoOrologio& o) {
   if (scritto.in_moto != InMoto || scritto.prima_volta != PrimaVoltaInMoto ||
@@ -222,7 +224,7 @@ void Ricorda(const StatoOrologio& o) {
   CopiaLimitata(scritto.result, sizeof scritto.result, Result);
   CopiaLimitata(scritto.termination, sizeof scritto.termination, Termination);
   CopiaLimitata(scritto.commento, sizeof scritto.commento, CommentoRisultato);
-  for (int r = 0; r < NUMERO_PARAMETRI; ++r) scritto.parametro[r] = Parametro(r);
+  scritto.cadenza = CadenzaPartita;
   scritto.in_moto = InMoto;
   scritto.prima_volta = PrimaVoltaInMoto;
   scritto.tempo[0] = o.tempo[0];
@@ -238,7 +240,7 @@ void ComponiTutto(const StatoOrologio& o) {
   testo.Inizia('I');
   testo.Campo(VERSIONE_GIORNALE);
   testo.Termina();
-  ComponiParametri();
+  ComponiCadenza();
   for (uint64_t p = TurnoIniziale + 1; p <= ContatoreMosse; ++p) ComponiMossa(p);
   if (PartitaAggiudicata()) ComponiEsito();
   ComponiOrologio(o);
@@ -248,7 +250,7 @@ void ComponiTutto(const StatoOrologio& o) {
 // journal is written instead).
 bool ComponiDifferenze(const StatoOrologio& o) {
   testo.Svuota();
-  if (ParametriCambiati()) ComponiParametri();
+  if (CadenzaCambiata()) ComponiCadenza();
   const uint64_t comuni = MossePrimaDellaDifferenza();
   for (uint64_t p = scritto.semimosse; p > comuni; --p) {
     testo.Inizia('R');
@@ -468,9 +470,26 @@ bool LeggiRigaGiornale(const char* riga, size_t lunghezza, RecordGiornale& r) {
 
   switch (r.tipo) {
     case 'I':
-      if (!campi.Prossimo(s, n) || !Intero(s, n, VERSIONE_GIORNALE, VERSIONE_GIORNALE, v))
+      if (!campi.Prossimo(s, n) || !Intero(s, n, PRIMA_VERSIONE_GIORNALE, VERSIONE_GIORNALE, v))
         return false;
+      r.versione = uint32_t(v);
       break;
+    case 'C': {
+      // The ranges of the settings rows each value comes from.
+      int32_t* campo[] = {&r.cadenza.periodi,
+                          &r.cadenza.mosse_primo_periodo,
+                          &r.cadenza.tempo_primo_periodo,
+                          &r.cadenza.incremento_primo_periodo,
+                          &r.cadenza.tempo_secondo_periodo,
+                          &r.cadenza.incremento_secondo_periodo};
+      for (int k = 0; k < 6; ++k) {
+        const RigaIni& riga_ini = ParametroIni[PARAMETRO_PERIODI + k];
+        if (!campi.Prossimo(s, n) || !Intero(s, n, riga_ini.minimo, riga_ini.massimo, v))
+          return false;
+        *campo[k] = int32_t(v);
+      }
+      break;
+    }
     case 'F':
       break;
     case 'P':
@@ -527,6 +546,8 @@ bool LeggiRigaGiornale(const char* riga, size_t lunghezza, RecordGiornale& r) {
 void LettoreGiornale::Avvia(bool gioca) {
   gioca_ = gioca;
   fermo_ = lunga_ = false;
+  versione_ = 0;
+  cadenza_letta_ = false;
   usati_ = 0;
   esito_ = EsitoGiornale{};
   esito_.semimossa = gioca ? ContatoreMosse : 0;
@@ -566,6 +587,7 @@ void LettoreGiornale::Riga() {
   }
   esito_.inizio = true;
   esito_.chiuso = r.tipo == 'F';
+  if (r.tipo == 'I') versione_ = r.versione;
   ++esito_.record;
 }
 
@@ -617,10 +639,20 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       else
         Aggiudica(r.termination, r.commento, r.result);
       break;
-    case 'P':
-      if (!gioca_) break;
-      for (int k = 0; k < NUMERO_PARAMETRI; ++k) ParametroIni[k].valore = r.parametro[k];
+    case 'C':
+      if (versione_ < 2) return false;
+      if (gioca_) ImpostaCadenzaPartita(r.cadenza);
       break;
+    case 'P': {
+      // The settings in force of the first format: its first record is the
+      // game's time control.
+      if (versione_ != 1) return false;
+      if (!gioca_ || cadenza_letta_) break;
+      cadenza_letta_ = true;
+      const int32_t* p = r.parametro + PARAMETRO_PERIODI;
+      ImpostaCadenzaPartita({p[0], p[1], p[2], p[3], p[4], p[5]});
+      break;
+    }
     case 'T':
       if (!gioca_) break;
       // Taken up again with the clock stopped.

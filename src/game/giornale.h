@@ -7,8 +7,10 @@
 // its line end is a record cut short. The payload starts with a letter and
 // the UTC time of writing, "AAAAMMGGThhmmssZ":
 //
-//   I <utc> 1                      a new game from the start position (format 1)
-//   P <utc> v0 v1 ... v11          the twelve settings in force
+//   I <utc> 2                      a new game from the start position (format 2)
+//   C <utc> p m t1 i1 t2 i2        the game's own time control: periods, moves
+//                                  of the first period, each period's minutes
+//                                  and increment in seconds
 //   M <utc> <ply> <da> <a> <p> <san>  a move: the ply it makes, origin and
 //                                  destination squares ("e2 e4"), the
 //                                  promotion's letter (N B R Q) or "-", the
@@ -23,12 +25,17 @@
 //                                  or "?")
 //   F <utc>                        the program was left through its exit
 //                                  command: nothing to take up again
+//
+// Format 1 had, instead of C, "P <utc> v0 ... v11": the twelve settings in
+// force. Such a journal is still taken up: its first P record gives the
+// game's time control, the others are left aside.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
 #include "board/posizione.h"
+#include "clock/cadenza.h"
 #include "settings/parametri.h"
 
 extern const char* const NomeFileGiornale;            // "giornale.txt"
@@ -62,7 +69,9 @@ void ChiudiGiornale();
 constexpr size_t LUNGHEZZA_MASSIMA_RIGA_GIORNALE = 256;
 
 struct RecordGiornale {
-  char tipo;                                      // 'I', 'P', 'M', 'R', 'E', 'T', 'F'
+  char tipo;                                      // 'I', 'C', 'P', 'M', 'R', 'E', 'T', 'F'
+  uint32_t versione;                              // I
+  CadenzaDiGioco cadenza;                         // C
   uint32_t semimossa;                             // M, R
   int8_t colonna[2], riga[2];                     // M: origin, destination (rows from rank 8)
   int8_t promozione;                              // M: kind 1..4, or -1
@@ -106,6 +115,8 @@ class LettoreGiornale {
   void Riga();
   bool Applica(const RecordGiornale& r);
   bool gioca_ = false, fermo_ = false, lunga_ = false;
+  uint32_t versione_ = 0;
+  bool cadenza_letta_ = false;
   char riga_[LUNGHEZZA_MASSIMA_RIGA_GIORNALE];
   size_t usati_ = 0;
   EsitoGiornale esito_;

@@ -2,7 +2,11 @@
 
 namespace {
 
-class CadenzaDellaPartita : public AmbienteOrologio {};
+class CadenzaDellaPartita : public AmbienteOrologio {
+ protected:
+  // The text of the control the settings would give a new game.
+  static void ScriviCadenza() { ImpostaCadenzaPartita(CadenzaDaiParametri()); }
+};
 
 TEST_F(CadenzaDellaPartita, DuePeriodiSenzaIncrementi) {
   ScriviCadenza();

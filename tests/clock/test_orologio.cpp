@@ -35,21 +35,41 @@ TEST_F(Orologio, CaricaTempoDaiParametriMostraEntrambiITempiELaCadenza) {
   EXPECT_THAT(Toni(), IsEmpty());
 }
 
-TEST_F(Orologio, LaDurataDelPrimoPeriodoELaCadenzaCambianoSoloConLaNuovaPartita) {
+TEST_F(Orologio, LaCadenzaCambiaSoloConLaNuovaPartita) {
+  // Every time-control setting changed during the game waits for the next:
+  // one period of 90 minutes with a 3-second increment.
   Imposta(PARAMETRO_TEMPO_PRIMO_PERIODO, 90);
   Imposta(PARAMETRO_PERIODI, 1);
+  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
+  Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 1);
   OrologioInMoto();
   memoria::AvanzaMillisecondi(1000);
   ++ContatoreMosse;
   PremiOrologio(0);
+  // Still 40 moves in 120 minutes with no increment: no period change at
+  // White's first move either.
   EXPECT_EQ(TempoRimasto[0], 7199000);
   EXPECT_EQ(TempoRimasto[1], 7200000);
   EXPECT_STREQ(Cadenza, "40/7200:1800");
+  EXPECT_EQ(CadenzaPartita, (CadenzaDiGioco{2, 40, 120, 0, 30, 0}));
   FermaOrologio();
   NuovaPartita();
   EXPECT_EQ(TempoRimasto[0], 5400000);
   EXPECT_EQ(TempoRimasto[1], 5400000);
-  EXPECT_STREQ(Cadenza, "5400");
+  EXPECT_STREQ(Cadenza, "5400+3");
+  EXPECT_EQ(CadenzaPartita, (CadenzaDiGioco{1, 1, 90, 3, 30, 0}));
+  OrologioInMoto();
+  memoria::AvanzaMillisecondi(1000);
+  ++ContatoreMosse;
+  PremiOrologio(0);
+  EXPECT_EQ(TempoRimasto[0], 5400000 - 1000 + 3000);
+}
+
+TEST_F(Orologio, LaCadenzaDellaPartitaSiImpostaConIlSuoTesto) {
+  ImpostaCadenzaPartita({2, 30, 90, 30, 15, 30});
+  EXPECT_STREQ(Cadenza, "30/5400+30:900+30");
+  // The settings table is left as it is.
+  EXPECT_EQ(CadenzaDaiParametri(), (CadenzaDiGioco{2, 40, 120, 0, 30, 0}));
 }
 
 // ---------------------------------------------------------------------------
@@ -183,8 +203,9 @@ TEST_F(Orologio, CambioManualeAttraversoLoScavalcoDeiTrentaduebit) {
 // ---------------------------------------------------------------------------
 // Pressing.
 
-TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaSoloIlTempoAllAvversario) {
+TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaIlTempoAllAvversarioEMostraEntrambi) {
   Imposta(PARAMETRO_PERIODI, 1);
+  NuovaPartita();
   memoria::ImpostaMillisecondi(0);
   OrologioInMoto();
   memoria::AvanzaMillisecondi(12345);
@@ -195,17 +216,19 @@ TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaSoloIlTempoAllAvversario) {
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 7200000 - 12345);
   EXPECT_EQ(InizioTempo, 12345u);
-  // The mover's line keeps the second the loop last showed.
-  EXPECT_THAT(Disegni, IsEmpty());
+  // The mover's line already shows its second; the other side's is drawn
+  // as it starts to run.
+  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7200"));
   EXPECT_EQ(TempoVisualizzato[0], 7188);
   EXPECT_THAT(Toni(toni), IsEmpty());
   memoria::AvanzaMillisecondi(700);
   EXPECT_EQ(TempoRimastoInMoto(1), 7199300);
 }
 
-TEST_F(Orologio, UnPeriodoConIncrementoAggiungeSenzaRidisegnare) {
+TEST_F(Orologio, UnPeriodoConIncrementoMostraSubitoIlTempoGuadagnato) {
   Imposta(PARAMETRO_PERIODI, 1);
   Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
+  NuovaPartita();
   // Even past the move count of a first period there is no second one.
   ContatoreMosse = 79;
   memoria::ImpostaMillisecondi(0);
@@ -216,8 +239,25 @@ TEST_F(Orologio, UnPeriodoConIncrementoAggiungeSenzaRidisegnare) {
   ++ContatoreMosse;
   PremiOrologio(1);
   EXPECT_EQ(TempoRimasto[1], 7201000);
-  EXPECT_THAT(Disegni, IsEmpty());
+  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7201", "tempo 0 7200"));
   EXPECT_THAT(Toni(toni), IsEmpty());
+}
+
+TEST_F(Orologio, DopoLaPressioneILoopControllaAncoraIlSecondoDellAltroLato) {
+  // Black's time lands on an alarm minute; drawing it at the press must not
+  // keep the loop from sounding that alarm.
+  Imposta(PARAMETRO_PERIODI, 1);
+  Imposta(PARAMETRO_ALLARME1, 120);
+  NuovaPartita();
+  // Black's line shows an older second than the time it will start with.
+  TempoVisualizzato[1] = 7260;
+  OrologioInMoto();
+  memoria::AvanzaMillisecondi(1000);
+  ++ContatoreMosse;
+  PremiOrologio(0);
+  const size_t toni = memoria::Toni().size();
+  EXPECT_FALSE(AggiornaTempoVisualizzato(1));
+  EXPECT_THAT(Toni(toni), ElementsAre(BIP, BIP));
 }
 
 class DuePeriodi : public Orologio {
@@ -226,6 +266,7 @@ class DuePeriodi : public Orologio {
     Orologio::SetUp();
     Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
     Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
+    NuovaPartita();
     memoria::ImpostaMillisecondi(50000);
   }
 
@@ -246,39 +287,39 @@ class DuePeriodi : public Orologio {
 TEST_F(DuePeriodi, LaTrentanovesimaMossaDelBiancoHaIlPrimoIncremento) {
   EXPECT_THAT(Premi(77), IsEmpty());
   EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 30000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7229"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7229", "tempo 1 7200"));
 }
 
 TEST_F(DuePeriodi, LaQuarantesimaMossaDelBiancoPassaAlSecondoPeriodo) {
   EXPECT_THAT(Premi(79), ElementsAre(PERIODO, BIP, PERIODO));
   EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 30000 + 1800000);
   EXPECT_EQ(TempoRimasto[1], 7200000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 0 9029"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 0 9029", "tempo 1 7200"));
 }
 
 TEST_F(DuePeriodi, LaQuarantunesimaMossaDelBiancoHaIlSecondoIncremento) {
   EXPECT_THAT(Premi(81), IsEmpty());
   EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 10000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7209"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7209", "tempo 1 7200"));
 }
 
 TEST_F(DuePeriodi, LaTrentanovesimaMossaDelNeroHaIlPrimoIncremento) {
   EXPECT_THAT(Premi(78), IsEmpty());
   EXPECT_EQ(TempoRimasto[1], 7200000 - 1000 + 30000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7229"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7229", "tempo 0 7200"));
 }
 
 TEST_F(DuePeriodi, LaQuarantesimaMossaDelNeroPassaAlSecondoPeriodo) {
   EXPECT_THAT(Premi(80), ElementsAre(PERIODO, BIP, PERIODO));
   EXPECT_EQ(TempoRimasto[1], 7200000 - 1000 + 30000 + 1800000);
   EXPECT_EQ(TempoRimasto[0], 7200000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 1 9029"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 1 9029", "tempo 0 7200"));
 }
 
 TEST_F(DuePeriodi, LaQuarantunesimaMossaDelNeroHaIlSecondoIncremento) {
   EXPECT_THAT(Premi(82), IsEmpty());
   EXPECT_EQ(TempoRimasto[1], 7200000 - 1000 + 10000);
-  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7209"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 1 7209", "tempo 0 7200"));
 }
 
 TEST_F(DuePeriodi, NonCEUnTerzoPeriodo) {
@@ -290,30 +331,33 @@ TEST_F(DuePeriodi, NonCEUnTerzoPeriodo) {
 
 TEST_F(DuePeriodi, SenzaIncrementiIlTempoInvariatoNonSiRidisegna) {
   Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
+  NuovaPartita();
   EXPECT_THAT(Premi(1), IsEmpty());
   EXPECT_EQ(TempoRimasto[0], 7199000);
   // The press asks for 7199 s, which the line does not show yet.
-  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7199"));
+  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7199", "tempo 1 7200"));
   Disegni.clear();
   StampaTempo(0, 7199);
   EXPECT_THAT(Disegni, IsEmpty());
 }
 
-TEST_F(DuePeriodi, IParametriDellaPressioneSiLeggonoAOgniPressione) {
-  // Changed while stopped, each value governs the very next press.
+TEST_F(DuePeriodi, IParametriCambiatiDuranteLaPartitaAspettanoLaNuovaPartita) {
+  // Changed while stopped, the values govern no press of this game.
   Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 2);
   Imposta(PARAMETRO_TEMPO_SECONDO_PERIODO, 15);
   Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 5);
-  EXPECT_THAT(Premi(3), ElementsAre(PERIODO, BIP, PERIODO));  // White's 2nd
-  EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 5000 + 900000);
-  FermaOrologio();
-  Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 7);
-  EXPECT_THAT(Premi(5), IsEmpty());  // White's 3rd
-  EXPECT_EQ(TempoRimasto[0], 7200000 - 2000 + 5000 + 900000 + 7000);
+  EXPECT_THAT(Premi(3), IsEmpty());  // White's 2nd
+  EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 30000);
   FermaOrologio();
   Imposta(PARAMETRO_PERIODI, 1);
-  EXPECT_THAT(Premi(7), IsEmpty());  // one period now: the first increment
-  EXPECT_EQ(TempoRimasto[0], 7200000 - 3000 + 5000 + 900000 + 7000 + 5000);
+  EXPECT_THAT(Premi(79), ElementsAre(PERIODO, BIP, PERIODO));  // White's 40th
+  EXPECT_EQ(TempoRimasto[0], 7200000 - 2000 + 60000 + 1800000);
+  FermaOrologio();
+  // The next game has them all: one period with a 5-second increment.
+  NuovaPartita();
+  EXPECT_THAT(Premi(3), IsEmpty());
+  EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 5000);
+  EXPECT_STREQ(Cadenza, "7200+5");
 }
 
 // ---------------------------------------------------------------------------
@@ -471,6 +515,26 @@ TEST_F(Orologio, UnAllarmeSuonaDueBipAlSuoMinutoEsatto) {
   EXPECT_EQ(AlarmeSuonato[0], 120);
   Pensa(0, 5000);
   EXPECT_EQ(memoria::Toni().size(), toni + 2);
+}
+
+TEST_F(Orologio, OgniAllarmeDaSoloSuonaAlSuoMinuto) {
+  for (int k = 0; k < 5; ++k) {
+    SCOPED_TRACE(k + 1);
+    for (int j = 0; j < 5; ++j) Imposta(PARAMETRO_ALLARME1 + j, j == k ? 3 + k : 999);
+    NuovaPartita();
+    const int32_t minuto = (3 + k) * 60;
+    TempoRimasto[0] = (minuto + 2) * 1000;
+    OrologioInMoto();
+    const size_t toni = memoria::Toni().size();
+    EXPECT_THAT(Pensa(0, 1999), IsEmpty());
+    EXPECT_THAT(Toni(toni), IsEmpty());
+    EXPECT_THAT(Pensa(0, 1), IsEmpty());
+    EXPECT_EQ(TempoVisualizzato[0], minuto);
+    EXPECT_THAT(Toni(toni), ElementsAre(BIP, BIP));
+    Pensa(0, 3000);
+    EXPECT_EQ(memoria::Toni().size(), toni + 2);
+    FermaOrologio();
+  }
 }
 
 TEST_F(Orologio, DueAllarmiSulloStessoMinutoDannoUnSoloDoppioBip) {

@@ -82,29 +82,33 @@ TEST_F(PartitaSimulata, DuePeriodiConIncrementiFinoAllaCadutaDellaBandierina) {
   const uint32_t partenza = Adesso();
 
   // First period: each side gains its 30 s after every move, and the press
-  // shows the mover's new time.
+  // shows the mover's new time and the other side's as it starts to run.
   for (int n = 1; n <= 38; ++n) {
-    EXPECT_THAT(Mossa(180000), ElementsAre("tempo 0 " + std::to_string(7200 - n * 150))) << n;
-    EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 " + std::to_string(7200 - n * 30))) << n;
+    EXPECT_THAT(Mossa(180000), ElementsAre("tempo 0 " + std::to_string(7200 - n * 150),
+                                           "tempo 1 " + std::to_string(7200 - (n - 1) * 30)))
+        << n;
+    EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 " + std::to_string(7200 - n * 30),
+                                          "tempo 0 " + std::to_string(7200 - n * 150)))
+        << n;
   }
-  EXPECT_THAT(Mossa(180000), ElementsAre("tempo 0 1350"));  // White's 39th
+  EXPECT_THAT(Mossa(180000), ElementsAre("tempo 0 1350", "tempo 1 6060"));  // White's 39th
   EXPECT_EQ(TempoRimasto[0], 1350000);
-  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 6030"));
+  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 6030", "tempo 0 1350"));
   EXPECT_EQ(TempoRimasto[1], 6030000);
   EXPECT_THAT(Diario, IsEmpty());
 
   // The 40th move of each side brings the second period and its 30 minutes;
   // the 40th move itself still earns the first increment.
-  EXPECT_THAT(Mossa(200000), ElementsAre("tempo 0 2980"));  // 1150 + 30 + 1800
+  EXPECT_THAT(Mossa(200000), ElementsAre("tempo 0 2980", "tempo 1 6030"));  // 1150 + 30 + 1800
   EXPECT_EQ(TempoRimasto[0], 2980000);
-  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7800"));  // 5970 + 30 + 1800
+  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7800", "tempo 0 2980"));  // 5970 + 30 + 1800
   EXPECT_EQ(TempoRimasto[1], 7800000);
 
   // From the 41st move on, 10 s a move.
-  EXPECT_THAT(Mossa(100000), ElementsAre("tempo 0 2890"));
-  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7750"));
-  EXPECT_THAT(Mossa(2605000), ElementsAre("tempo 0 295"));
-  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7700"));
+  EXPECT_THAT(Mossa(100000), ElementsAre("tempo 0 2890", "tempo 1 7800"));
+  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7750", "tempo 0 2890"));
+  EXPECT_THAT(Mossa(2605000), ElementsAre("tempo 0 295", "tempo 1 7750"));
+  EXPECT_THAT(Mossa(60000), ElementsAre("tempo 1 7700", "tempo 0 295"));
   EXPECT_EQ(TempoRimasto[0], 295000);
   EXPECT_EQ(TempoRimasto[1], 7700000);
 
@@ -136,7 +140,8 @@ TEST_F(PartitaSimulata, IlBiancoScorreSecondoPerSecondoEIlNeroFermo) {
   EXPECT_THAT(Disegni, ElementsAre("tempo 0 7199", "tempo 0 7198", "tempo 0 7197"));
   Disegni.clear();
   Muovi();
-  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7227"));  // 7196.5 s + 30 s, rounded up
+  // 7196.5 s + 30 s, rounded up; Black's as it starts.
+  EXPECT_THAT(Disegni, ElementsAre("tempo 0 7227", "tempo 1 7200"));
   Disegni.clear();
   Pensa(1000);
   EXPECT_THAT(Disegni, ElementsAre("tempo 1 7199"));

@@ -31,7 +31,7 @@ std::vector<std::string> Righe(const std::string& testo) {
   return righe;
 }
 
-// The letters of each record, "IPTMMT".
+// The letters of each record, "ICTMMT".
 std::string Tipi() {
   std::string t;
   for (const std::string& r : Righe(memoria::ContenutoFile(GIORNALE))) t += r.empty() ? '?' : r[0];
@@ -113,42 +113,42 @@ class GiornaleConsole : public AmbienteConsole {
 
 TEST_F(GiornaleConsole, AllAvvioIlGiornaleHaLaPartitaNuova) {
   Avvia();
-  EXPECT_EQ(Tipi(), "IPT");
+  EXPECT_EQ(Tipi(), "ICT");
   EXPECT_TRUE(memoria::Finestre().empty());
 }
 
 TEST_F(GiornaleConsole, OgniEventoDellaPartitaEScrittoPrimaDelTastoSeguente) {
   Avvia();
   Mossa("e4");
-  EXPECT_EQ(Tipi(), "IPTM");
+  EXPECT_EQ(Tipi(), "ICTM");
   Mossa("e5");
-  EXPECT_EQ(Tipi(), "IPTMM");
+  EXPECT_EQ(Tipi(), "ICTMM");
   Tasto(VK_DELETE, CTRL);  // take-back
-  EXPECT_EQ(Tipi(), "IPTMMR");
+  EXPECT_EQ(Tipi(), "ICTMMR");
   memoria::AccodaRisposta(IDYES);
   Tasto(VK_F12);  // draw by agreement
-  EXPECT_EQ(Tipi(), "IPTMMRE");
+  EXPECT_EQ(Tipi(), "ICTMMRE");
   EXPECT_NE(Ultima().find("1/2-1/2|By agreement|Patta d'accordo"), std::string::npos);
   memoria::AccodaRisposta(IDYES);
   Tasto(VK_RETURN, CTRL);  // clock started, the adjudication revoked
-  EXPECT_EQ(Tipi(), "IPTMMREET");
+  EXPECT_EQ(Tipi(), "ICTMMREET");
   EXPECT_EQ(Ultima().substr(0, 23).substr(19), "1 1 ");
   Tasto(VK_RETURN, CTRL | SHIFT_PRESSED);  // stopped
-  EXPECT_EQ(Tipi(), "IPTMMREETT");
+  EXPECT_EQ(Tipi(), "ICTMMREETT");
   Digita("2");
   memoria::AccodaTasto(VK_UP);
   memoria::AccodaTasto(VK_UP);  // White's time line
   memoria::AccodaRisposta(IDYES);
   Tasto(VK_ADD, CTRL);  // two minutes more
-  EXPECT_EQ(Tipi(), "IPTMMREETTT");
+  EXPECT_EQ(Tipi(), "ICTMMREETTT");
   EXPECT_NE(Ultima().find(" 0 1 7320000 7200000 "), std::string::npos);
   Digita("2");
   memoria::AccodaRisposta(IDYES);
-  Tasto('P', CTRL);  // two periods
-  EXPECT_EQ(Tipi(), "IPTMMREETTTP");
+  Tasto('P', CTRL);  // two periods: the next game's, nothing to journal
+  EXPECT_EQ(Tipi(), "ICTMMREETTT");
   memoria::AccodaRisposta(IDNO);
   Tasto('N', ALT);  // new game, not saved
-  EXPECT_EQ(Tipi(), "IPT");
+  EXPECT_EQ(Tipi(), "ICT");
   EXPECT_TRUE(LeggiFileGiornale(false).inizio);
 }
 
@@ -264,9 +264,85 @@ TEST_F(GiornaleConsole, LaPartitaInterrottaSiRiprendeUgualeEFerma) {
   // No clock press, no game-end question: the only tone-free start.
   EXPECT_TRUE(memoria::Toni().empty());
   // The journal goes on, whole, from the game taken up.
-  EXPECT_EQ(Tipi(), "IPMMMMMMT");
+  EXPECT_EQ(Tipi(), "ICMMMMMMT");
   Mossa("Ba4");
-  EXPECT_EQ(Tipi(), "IPMMMMMMTM");
+  EXPECT_EQ(Tipi(), "ICMMMMMMTM");
+}
+
+TEST_F(GiornaleConsole, LaPartitaRipresaTieneLaSuaCadenzaEIlFileLeImpostazioniDellUtente) {
+  Avvia();
+  Mossa("e4");
+  // During the game: a 5-second increment, for the next game.
+  memoria::AccodaRisposta(IDYES);
+  Digita("5");
+  Tasto('1', CTRL | SHIFT_PRESSED);
+  ASSERT_EQ(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO), 5);
+  Interrompi();
+
+  memoria::AccodaRisposta(IDYES);
+  Avvia();
+  EXPECT_EQ(ContatoreMosse, 1u);
+  EXPECT_STREQ(Cadenza, "7200");
+  EXPECT_NE(memoria::Riga(y_cadenza).find("Cadenza di gioco: 7200 "), std::string::npos)
+      << memoria::Riga(y_cadenza);
+  EXPECT_EQ(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO), 5);
+  EXPECT_NE(memoria::ContenutoFile("pendrino.ini").find("incremento_primo_periodo\t5"),
+            std::string::npos);
+  // The next game has the user's settings.
+  memoria::AccodaRisposta(IDNO);
+  Tasto('N', ALT);
+  EXPECT_STREQ(Cadenza, "7200+5");
+}
+
+TEST_F(GiornaleConsole, UnaPartitaAggiudicataRipresaDueVolteTieneIlRisultato) {
+  Avvia();
+  for (const char* m : {"f3", "e5", "g4", "Qh4"}) Mossa(m);
+  ASSERT_STREQ(Result, "0-1");
+  for (int volta = 0; volta < 2; ++volta) {
+    SCOPED_TRACE(volta);
+    Interrompi();
+    memoria::AccodaRisposta(IDYES);
+    Avvia();
+    EXPECT_EQ(ContatoreMosse, 4u);
+    EXPECT_STREQ(Result, "0-1");
+    EXPECT_STREQ(Termination, "Checkmate");
+    EXPECT_STREQ(CommentoRisultato, "scaccomatto");
+    EXPECT_NE(memoria::Riga(y_mossa_corrente).find("Scaccomatto: partita aggiudicata ( 0-1 )"),
+              std::string::npos);
+  }
+}
+
+TEST_F(GiornaleConsole, UnaPromozioneADonnaSiRiprende) {
+  Avvia();
+  for (const char* m : {"a4", "b5", "axb5", "a6", "bxa6", "Bb7", "axb7", "Nc6", "bxa8"}) Mossa(m);
+  ASSERT_STREQ(ElencoStringaMossa[9], "bxa8=Q");
+  const Partita giocata = Fotografia();
+  Interrompi();
+  memoria::AccodaRisposta(IDYES);
+  Avvia();
+  EXPECT_EQ(Fotografia(), giocata);
+  EXPECT_EQ(memoria::Riga(24).substr(30, 3), " Q ");
+  EXPECT_NE(Righe(memoria::ContenutoFile(GIORNALE))[10].find(" 9 b7 a8 Q bxa8=Q "),
+            std::string::npos);
+}
+
+TEST_F(GiornaleConsole, DopoLaRipresaEntrambeLeRigheDelTempo) {
+  Avvia();
+  Tasto(VK_RETURN, CTRL);
+  TurnoCiclo();
+  TurnoCiclo();  // White: 2 s
+  Mossa("e4");
+  for (int s = 0; s < 5; ++s) TurnoCiclo();  // Black: 5 s
+  Mossa("e5");
+  for (int s = 0; s < 3; ++s) TurnoCiclo();
+  Interrompi();
+  memoria::AccodaRisposta(IDYES);
+  Avvia();
+  // White's at its last journaled second, Black's as its press left it.
+  EXPECT_EQ(TempoRimasto[0], 7200000 - 2000 - 2000);
+  EXPECT_EQ(TempoRimasto[1], 7200000 - 5000);
+  EXPECT_EQ(memoria::Riga(y_tempo[0]).substr(43, 9), " 01:59:56");
+  EXPECT_EQ(memoria::Riga(y_tempo[1]).substr(43, 9), " 01:59:55");
 }
 
 TEST_F(GiornaleConsole, NoConservaIlGiornaleVecchioEIniziaUnaPartitaNuova) {
@@ -281,7 +357,7 @@ TEST_F(GiornaleConsole, NoConservaIlGiornaleVecchioEIniziaUnaPartitaNuova) {
   EXPECT_EQ(memoria::Finestre()[0].testo, DOMANDA);
   EXPECT_EQ(memoria::ContenutoFile("giornale_precedente.txt"), vecchio);
   EXPECT_EQ(ContatoreMosse, 0u);
-  EXPECT_EQ(Tipi(), "IPT");
+  EXPECT_EQ(Tipi(), "ICT");
 }
 
 TEST_F(GiornaleConsole, DopoLUscitaColComandoNonSiChiedeNulla) {
@@ -294,7 +370,7 @@ TEST_F(GiornaleConsole, DopoLUscitaColComandoNonSiChiedeNulla) {
   Avvia();
   EXPECT_TRUE(memoria::Finestre().empty());
   EXPECT_EQ(ContatoreMosse, 0u);
-  EXPECT_EQ(Tipi(), "IPT");
+  EXPECT_EQ(Tipi(), "ICT");
 }
 
 TEST_F(GiornaleConsole, ancheUscendoConSalvataggioNonSiChiedeNulla) {
@@ -323,7 +399,7 @@ TEST_F(GiornaleConsole, UnGiornaleDanneggiatoSiRiprendeFinoAlPuntoBuono) {
   EXPECT_EQ(ContatoreMosse, 2u);
   // Written afresh: the damage is gone.
   EXPECT_FALSE(LeggiFileGiornale(false).danneggiato);
-  EXPECT_EQ(Tipi(), "IPMMT");
+  EXPECT_EQ(Tipi(), "ICMMT");
 }
 
 TEST_F(GiornaleConsole, GiornaleNonScrivibileUnSoloAvvisoELaPartitaVaAvanti) {

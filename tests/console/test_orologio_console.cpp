@@ -3,6 +3,7 @@
 // the manual display key, resignation, agreement and the flag fall, all on
 // the in-memory backend with its settable clock.
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "ambiente_console.h"
@@ -210,6 +211,57 @@ TEST_F(OrologioConsole, ImpostaParametroConSiScriveIlFileESuona) {
   EXPECT_EQ(CharatteriInComando, 0u);
   // The time control of this game changes only at the next new game.
   EXPECT_EQ(Tempo(0), " 02:00:00");
+}
+
+TEST_F(OrologioConsole, UnaCadenzaCambiataInPartitaValeDallaPartitaSeguente) {
+  Avvia();
+  // A 5-second increment and two periods, set before the clock first runs.
+  for (auto [valore, tasto, stato] :
+       {std::tuple{"5", WORD('1'), CTRL | SHIFT_PRESSED}, std::tuple{"2", WORD('P'), CTRL}}) {
+    Digita(valore);
+    memoria::AccodaRisposta(IDYES);
+    Tasto(tasto, stato);
+  }
+  ASSERT_EQ(Parametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO), 5);
+  ASSERT_EQ(Parametro(PARAMETRO_PERIODI), 2);
+  EXPECT_EQ(memoria::Riga(17), Centrata("Cadenza di gioco: 7200"));
+  Tasto(VK_RETURN, CTRL);
+  Secondi(2);
+  Digita("e4");
+  Tasto(VK_RETURN);
+  // No increment: White has used 2 s of the game's own control.
+  EXPECT_EQ(TempoRimasto[0], 7198000);
+  EXPECT_EQ(Tempo(0), " 01:59:58");
+  Tasto(VK_RETURN, CTRL | SHIFT_PRESSED);
+  Tasto('S', ALT);
+  EXPECT_NE(memoria::ContenutoFile("partita.pgn").find("[TimeControl \"7200\"]"),
+            std::string::npos);
+  memoria::AccodaRisposta(IDNO);
+  Tasto('N', ALT);
+  EXPECT_EQ(memoria::Riga(17), Centrata("Cadenza di gioco: 40/7200+5:1800"));
+}
+
+TEST_F(OrologioConsole, AggiornamentoAutomaticoEAllarmiValgonoSubito) {
+  Avvia();
+  Digita("0");
+  memoria::AccodaRisposta(IDYES);
+  Tasto('A', CTRL);
+  Digita("119");
+  memoria::AccodaRisposta(IDYES);
+  Tasto('1', ALT);
+  Tasto(VK_RETURN, CTRL);
+  const size_t toni = memoria::Toni().size();
+  Secondi(61);
+  // The line stays; the alarm at 119 minutes sounds in this very game.
+  EXPECT_EQ(Tempo(0), " 02:00:00");
+  EXPECT_EQ(ToniDa(toni), (Toni{{1000, 100}, {1000, 100}}));
+  Tasto(VK_RETURN, CTRL | SHIFT_PRESSED);
+  Digita("1");
+  memoria::AccodaRisposta(IDYES);
+  Tasto('A', CTRL);
+  Tasto(VK_RETURN, CTRL);
+  Secondi(2);
+  EXPECT_EQ(Tempo(0), " 01:58:58");
 }
 
 TEST_F(OrologioConsole, ImpostaParametroConNoNonCambiaNulla) {

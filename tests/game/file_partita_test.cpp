@@ -64,7 +64,7 @@ class FilePartita : public ::testing::Test {
     RevocaAggiudicazione();
     AzzeraTempoUTC();
     DefaultIni();
-    ScriviCadenza();
+    ImpostaCadenzaPartita(CadenzaDaiParametri());
     ContatoreMosse = 0;
     std::memset(ElencoStringaMossa, 0, sizeof ElencoStringaMossa);
   }
@@ -137,7 +137,7 @@ TEST_F(FilePartita, PartitaCheFinisceSullaMossaDelBianco) {
   ParametroIni[PARAMETRO_MOSSE_PRIMO_PERIODO].valore = 40;
   ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore = 120;
   ParametroIni[PARAMETRO_TEMPO_SECONDO_PERIODO].valore = 30;
-  ScriviCadenza();
+  ImpostaCadenzaPartita(CadenzaDaiParametri());
   Gioca({"d4", "d5", "c4", "e6", "Nc3", "Nf6", "Bg5", "Be7", "e3", "0-0", "Nf3", "Nbd7", "Rc1",
          "c6", "Bd3", "dxc4", "Bxc4"});
   Aggiudica("Abandoned", "Il nero abbandona", "1-0");

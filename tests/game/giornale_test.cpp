@@ -43,6 +43,7 @@ struct Partita {
   int32_t tempo[2];
   uint32_t in_moto, prima_volta;
   std::string data, ora;
+  CadenzaDiGioco cadenza;
   bool operator==(const Partita&) const = default;
 };
 
@@ -57,7 +58,8 @@ Partita Fotografia() {
             InMoto,
             PrimaVoltaInMoto,
             DataUTC,
-            OraUTC};
+            OraUTC,
+            CadenzaPartita};
   for (uint64_t n = 1; n <= ContatoreMosse; ++n) p.testi.push_back(ElencoStringaMossa[n]);
   return p;
 }
@@ -78,6 +80,7 @@ class Giornale : public AmbientePartita {
     PrimaVoltaInMoto = 0;
     TempoRimasto[0] = TempoRimasto[1] = 7200000;
     AzzeraTempoUTC();
+    ImpostaCadenzaPartita(CadenzaDaiParametri());
   }
 
   // The fresh game the console starts before it reads a journal.
@@ -114,10 +117,9 @@ class Giornale : public AmbientePartita {
 // ---------------------------------------------------------------------------
 // The records.
 
-TEST_F(Giornale, UnaNuovaPartitaScriveInizioImpostazioniEOrologio) {
+TEST_F(Giornale, UnaNuovaPartitaScriveInizioCadenzaEOrologio) {
   AvviaGiornale();
-  EXPECT_EQ(Contenuto(), Riga("I 20261123T090507Z 1") +
-                             Riga("P 20261123T090507Z 1 40 120 0 30 0 1 15 30 60 90 120") +
+  EXPECT_EQ(Contenuto(), Riga("I 20261123T090507Z 2") + Riga("C 20261123T090507Z 1 40 120 0 30 0") +
                              Riga("T 20261123T090507Z 0 0 7200000 7200000 ? ?"));
 }
 
@@ -141,7 +143,7 @@ TEST_F(Giornale, NienteCambiatoNienteScritto) {
   EXPECT_EQ(memoria::ScrittureFile(), scritture);
 }
 
-TEST_F(Giornale, RitiroEsitoRevocaEImpostazioniHannoIlLoroRecord) {
+TEST_F(Giornale, RitiroEsitoERevocaHannoIlLoroRecordLeImpostazioniNo) {
   AvviaGiornale();
   Mosse({"e4", "e5"});
   RitiraUltimaMossa();
@@ -150,14 +152,15 @@ TEST_F(Giornale, RitiroEsitoRevocaEImpostazioniHannoIlLoroRecord) {
   AggiornaGiornale();
   RevocaAggiudicazione();
   AggiornaGiornale();
+  // A setting changed during the game is the next game's: nothing to keep.
   ParametroIni[PARAMETRO_PERIODI].valore = 2;
   AggiornaGiornale();
   const auto righe = Righe(Contenuto());
-  ASSERT_EQ(righe.size(), 9u);
+  ASSERT_EQ(righe.size(), 8u);
   EXPECT_EQ(righe[5] + "\n", Riga("R 20261123T090507Z 1"));
   EXPECT_EQ(righe[6] + "\n", Riga("E 20261123T090507Z 1/2-1/2|By agreement|Patta d'accordo"));
   EXPECT_EQ(righe[7] + "\n", Riga("E 20261123T090507Z *|?|"));
-  EXPECT_EQ(righe[8] + "\n", Riga("P 20261123T090507Z 2 40 120 0 30 0 1 15 30 60 90 120"));
+  ParametroIni[PARAMETRO_PERIODI].valore = 1;
 }
 
 TEST_F(Giornale, LaPromozioneScriveLaSuaLettera) {
@@ -195,7 +198,7 @@ TEST_F(Giornale, UnaNuovaPartitaRicominciaIlFile) {
   Nuova(FenIniziale);
   AggiornaGiornale();
   EXPECT_EQ(Righe(Contenuto()).size(), 3u);
-  EXPECT_EQ(Contenuto().rfind(Riga("I 20261123T090507Z 1"), 0), 0u);
+  EXPECT_EQ(Contenuto().rfind(Riga("I 20261123T090507Z 2"), 0), 0u);
 }
 
 TEST_F(Giornale, LUscitaChiudeIlGiornale) {
@@ -210,6 +213,49 @@ TEST_F(Giornale, LUscitaChiudeIlGiornale) {
 
 // ---------------------------------------------------------------------------
 // Reading a line.
+
+TEST_F(Giornale, LaCadenzaDellaPartitaSiRicostruisceLaTabellaResta) {
+  ImpostaCadenzaPartita({2, 30, 90, 10, 15, 5});
+  AvviaGiornale();
+  Mosse({"e4", "e5"});
+  EXPECT_EQ(Righe(Contenuto())[1] + "\n", Riga("C 20261123T090507Z 2 30 90 10 15 5"));
+  SiRicostruisceInSilenzio();
+  EXPECT_STREQ(Cadenza, "30/5400+10:900+5");
+  // The settings table is the user's, for the next game.
+  EXPECT_EQ(CadenzaDaiParametri(), (CadenzaDiGioco{1, 40, 120, 0, 30, 0}));
+}
+
+TEST_F(Giornale, UnGiornaleDelPrimoFormatoPrendeLaCadenzaDalPrimoRecordDiImpostazioni) {
+  const std::string testo = Riga("I 20261123T090507Z 1") +
+                            Riga("P 20261123T090507Z 2 30 90 10 15 5 1 15 30 60 90 120") +
+                            Riga("M 20261123T090507Z 1 e2 e4 - e4") +
+                            Riga("P 20261123T090507Z 1 40 120 0 30 0 0 15 30 60 90 120") +
+                            Riga("T 20261123T090507Z 0 0 7100000 7200000 ? ?");
+  Riparti();
+  const EsitoGiornale esito = LeggiGiornale(testo.data(), testo.size(), true);
+  EXPECT_FALSE(esito.danneggiato);
+  EXPECT_EQ(esito.record, 5u);
+  EXPECT_EQ(CadenzaPartita, (CadenzaDiGioco{2, 30, 90, 10, 15, 5}));
+  EXPECT_STREQ(Cadenza, "30/5400+10:900+5");
+  EXPECT_EQ(ContatoreMosse, 1u);
+  EXPECT_EQ(TempoRimasto[0], 7100000);
+  EXPECT_EQ(Parametro(PARAMETRO_PERIODI), 1);
+  EXPECT_EQ(Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO), 1);
+}
+
+TEST_F(Giornale, IRecordDiCadenzaEImpostazioniNonSiMescolanoTraFormati) {
+  const std::string c = Riga("C 20261123T090507Z 1 40 120 0 30 0");
+  const std::string p = Riga("P 20261123T090507Z 1 40 120 0 30 0 1 15 30 60 90 120");
+  const std::string m = Riga("M 20261123T090507Z 1 e2 e4 - e4");
+  for (const std::string& testo :
+       {Riga("I 20261123T090507Z 1") + c + m, Riga("I 20261123T090507Z 2") + p + m}) {
+    Riparti();
+    const EsitoGiornale esito = LeggiGiornale(testo.data(), testo.size(), true);
+    EXPECT_TRUE(esito.danneggiato) << testo;
+    EXPECT_EQ(esito.record, 1u) << testo;
+    EXPECT_EQ(ContatoreMosse, 0u) << testo;
+  }
+}
 
 TEST_F(Giornale, UnaRigaAlterataOSenzaControlloNonSiLegge) {
   RecordGiornale r;
@@ -231,8 +277,9 @@ TEST_F(Giornale, UnaRigaAlterataOSenzaControlloNonSiLegge) {
        {"M 20261123T090507Z 1 e2 e9 - e4", "M 20261123T090507Z 1 e2 e4 K e4",
         "P 20261123T090507Z 3 40 120 0 30 0 1 5 0 0 0 0", "T 20261123T090507Z 2 0 1 1 ? ?",
         "T 20261123T090507Z 0 0 1 1 2026-11-23 ?", "E 20261123T090507Z 2-0|x|y",
-        "I 20261123T090507Z 2", "X 20261123T090507Z", "F 2026112T090507Z",
-        "F 20261123T090507Z 1"}) {
+        "C 20261123T090507Z 3 40 120 0 30 0", "C 20261123T090507Z 1 40 120 0 30",
+        "C 20261123T090507Z 1 40 0 0 30 0", "I 20261123T090507Z 3", "I 20261123T090507Z 0",
+        "X 20261123T090507Z", "F 2026112T090507Z", "F 20261123T090507Z 1"}) {
     const std::string r2 = Riga(carico);
     EXPECT_FALSE(LeggiRigaGiornale(r2.data(), r2.size() - 1, r)) << carico;
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ambiente_partita.h"
+#include "clock/cadenza.h"
 #include "moves/registro.h"
 #include "settings/parametri.h"
 
@@ -175,6 +176,27 @@ TEST_F(MossaInComando, BC4SenzaPedoneNeAlfiereFallisce) {
   EXPECT_EQ(ContatoreMosse, 0u);
 }
 
+TEST_F(MossaInComando, UnaCatturaTraColonneViciniDiversaDaBNonDiventaAlfiere) {
+  // Only the b-file's letter can be a bishop's: "dc4" and "exd5" name pawn
+  // captures that do not exist, even where a bishop reaches the square.
+  Nuova("4k3/8/8/8/8/8/3P4/4KB2 w - - 0 1");
+  for (const char* testo : {"dc4", "dxc4", "Dc4"}) {
+    ASSERT_EQ(LeggiDettagliMossaDaComando(testo), 1) << testo;
+    const Istantanea prima = Fotografa();
+    EXPECT_EQ(FaiMossaInComando(), 0u) << testo;
+    EXPECT_EQ(Fotografa(), prima) << testo;
+  }
+  Nuova("4k3/8/8/8/2B5/8/8/3K4 w - - 0 1");
+  ASSERT_NE(Cerca("Bd5"), 0u);
+  for (const char* testo : {"exd5", "ed5", "cd5"}) {
+    ASSERT_EQ(LeggiDettagliMossaDaComando(testo), 1) << testo;
+    const Istantanea prima = Fotografa();
+    EXPECT_EQ(FaiMossaInComando(), 0u) << testo;
+    EXPECT_EQ(Fotografa(), prima) << testo;
+  }
+  EXPECT_EQ(ContatoreMosse, 0u);
+}
+
 TEST_F(MossaInComando, Promozioni) {
   Nuova("k7/4P3/8/8/8/8/8/4K3 w - - 0 1");
   const uint64_t e7 = Casa("e7"), e8 = Casa("e8");
@@ -240,6 +262,7 @@ TEST_F(MossaInComando, ConLOrologioInMotoSiPremePerChiHaMosso) {
   DefaultIni();
   ParametroIni[PARAMETRO_PERIODI].valore = 1;
   ParametroIni[PARAMETRO_INCREMENTO_PRIMO_PERIODO].valore = 2;
+  ImpostaCadenzaPartita(CadenzaDaiParametri());
   TempoRimasto[0] = TempoRimasto[1] = 60000;
   memoria::ImpostaMillisecondi(100000);
   InizioTempo = Adesso();
@@ -263,6 +286,7 @@ TEST_F(MossaInComando, ConLOrologioInMotoSiPremePerChiHaMosso) {
   EXPECT_EQ(TempoRimasto[1], 59000);
   InMoto = 0;
   DefaultIni();
+  ImpostaCadenzaPartita(CadenzaDaiParametri());
 }
 
 }  // namespace
