@@ -24,6 +24,11 @@ uint32_t CharatteriInComando;
 const char CaratteriExtra[] = "+-:=";
 uint32_t fuoco;
 
+const char* const TestoPartitaNonSalvata =
+    "Impossibile scrivere il file partita.pgn: la partita non e' stata salvata.";
+const char* const TestoListaNonScritta =
+    "Impossibile scrivere il file ListaMosse.txt: l'elenco delle mosse non e' stato aggiornato.";
+
 char ComandoVisualizzaListaComandi[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaListaMosse[DIMENSIONE_COMANDO_VISUALIZZATORE];
 char ComandoVisualizzaPartitaPgn[DIMENSIONE_COMANDO_VISUALIZZATORE];
@@ -171,6 +176,18 @@ static bool NumeroNelCampo(int32_t& valore) {
 // ---------------------------------------------------------------------------
 // The clock and its settings.
 
+// The arbiter's question before an adjudicated game is changed: false on
+// No. On any other answer the result is revoked, and the line that stated it
+// says so at once, whatever the command then does.
+static bool RevocaConsentita(int (*domanda)()) {
+  if (!PartitaAggiudicata()) return true;
+  if (domanda() == IDNO) return false;
+  RevocaAggiudicazione();
+  StampaMossaCorrente();
+  ImpostaFocus();
+  return true;
+}
+
 static const char* const RifiutoConOrologioInMoto =
     "Per modificare i parametri relativi al tempo si deve prima fermare l'orologio.";
 
@@ -179,10 +196,7 @@ void comando_OrologioInMoto() {
     Avvisa("L'orologio e' gia in moto.");
     return;
   }
-  if (PartitaAggiudicata()) {
-    if (dom_AggiudicataInMotoCMQ() == IDNO) return;
-    RevocaAggiudicazione();
-  }
+  if (!RevocaConsentita(dom_AggiudicataInMotoCMQ)) return;
   OrologioInMoto();
 }
 
@@ -343,10 +357,7 @@ void InterpretaComando() {
     AvvisaComando("non e' un comando valido");
     return;
   }
-  if (PartitaAggiudicata()) {
-    if (dom_AggiudicataModificaCMQ() == IDNO) return;
-    RevocaAggiudicazione();
-  }
+  if (!RevocaConsentita(dom_AggiudicataModificaCMQ)) return;
   if (PartitaCompleta()) {
     Avvisa(TestoPartitaCompleta);
     return;
@@ -379,10 +390,7 @@ void comando_RitiraUltimaMossa() {
     Avvisa("Per modificare la posizione e' prima necessario fermare l'orologio.");
     return;
   }
-  if (PartitaAggiudicata()) {
-    if (dom_AggiudicataModificaCMQ() == IDNO) return;
-    RevocaAggiudicazione();
-  }
+  if (!RevocaConsentita(dom_AggiudicataModificaCMQ)) return;
   RitiraUltimaMossa();
   StampaPosizione();
   piattaforma::Suona(3000, 5);
@@ -390,10 +398,25 @@ void comando_RitiraUltimaMossa() {
   piattaforma::Suona(3000, 5);
 }
 
+// The saves the user asks for: a file that could not be written is said,
+// naming it, and what was to follow the save does not happen.
+static bool Salva() {
+  if (SalvaPartita()) return true;
+  Avvisa(TestoPartitaNonSalvata);
+  return false;
+}
+
+static bool ScriviLista() {
+  if (ScriviElencoMosse()) return true;
+  Avvisa(TestoListaNonScritta);
+  return false;
+}
+
 void comando_NuovaPartita() {
   switch (Domanda("Salvare la partita corrente?", MB_YESNOCANCEL)) {
     case IDYES:
-      SalvaPartita();
+      // The game on the board is not given up unless it is on disk.
+      if (!Salva()) break;
       piattaforma::Suona(3000, 5);
       NuovaPartita(FenIniziale);
       break;
@@ -406,7 +429,7 @@ void comando_NuovaPartita() {
 }
 
 void comandoSalvaPartita() {
-  SalvaPartita();
+  if (!Salva()) return;
   piattaforma::Suona(3000, 5);
 }
 
@@ -414,13 +437,15 @@ void comando_VisualizzaListaComandi() {
   piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaListaComandi);
 }
 
+// An older file in the viewer would show another game: nothing is opened
+// when the file could not be written.
 void comando_VisualizzaListaMosse() {
-  ScriviElencoMosse();
+  if (!ScriviLista()) return;
   piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaListaMosse);
 }
 
 void comando_VisualizzaPartitaPgn() {
-  SalvaPartita();
+  if (!Salva()) return;
   piattaforma::EseguiComandoVisualizzatore(ComandoVisualizzaPartitaPgn);
 }
 
@@ -432,7 +457,8 @@ void ChiudiIlProgramma() {
 void comando_esci() {
   switch (Domanda("Salvare la partita prima di uscire?", MB_YESNOCANCEL)) {
     case IDYES:
-      SalvaPartita();
+      // A game that could not be saved keeps the program open.
+      if (!Salva()) break;
       piattaforma::Suona(3000, 5);
       ChiudiGiornale();
       ChiudiIlProgramma();

@@ -68,6 +68,10 @@ void comando_VisualizzaListaComandi();
 void comando_VisualizzaListaMosse();
 void comando_VisualizzaPartitaPgn();
 
+// What the user is told when a file asked for could not be written.
+extern const char* const TestoPartitaNonSalvata;
+extern const char* const TestoListaNonScritta;
+
 // Shell command lines that open the help page, the move list and the game
 // file in the system's viewer.
 constexpr size_t DIMENSIONE_COMANDO_VISUALIZZATORE = 512;

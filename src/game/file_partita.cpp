@@ -55,12 +55,11 @@ constexpr size_t MASSIMO_TESTO_ELENCO = LUNGHEZZA_MOSSE + 8;
 char TestoDelFile[MASSIMO_TESTO_PARTITA > MASSIMO_TESTO_ELENCO ? MASSIMO_TESTO_PARTITA
                                                                : MASSIMO_TESTO_ELENCO];
 
-void Scrivi(const char* nome, size_t (*componi)(char*, size_t)) {
+bool Scrivi(const char* nome, size_t (*componi)(char*, size_t)) {
   const size_t lunghezza = componi(TestoDelFile, sizeof TestoDelFile);
   // A text cut short is not a game: the old file stays.
-  if (lunghezza >= sizeof TestoDelFile) return;
-  // Nothing to tell the user when the file cannot be written.
-  (void)piattaforma::SostituisciFileDiTesto(nome, TestoDelFile, lunghezza);
+  if (lunghezza >= sizeof TestoDelFile) return false;
+  return piattaforma::SostituisciFileDiTesto(nome, TestoDelFile, lunghezza);
 }
 
 }  // namespace
@@ -120,6 +119,6 @@ size_t TestoElencoMosse(char* testo, size_t capienza) {
   return c.Lunghezza();
 }
 
-void SalvaPartita() { Scrivi(NomeFilePartita, TestoPartita); }
+bool SalvaPartita() { return Scrivi(NomeFilePartita, TestoPartita); }
 
-void ScriviElencoMosse() { Scrivi(NomeFileListaMosse, TestoElencoMosse); }
+bool ScriviElencoMosse() { return Scrivi(NomeFileListaMosse, TestoElencoMosse); }

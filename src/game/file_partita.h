@@ -8,10 +8,10 @@ extern const char* const NomeFilePartita;     // "partita.pgn"
 extern const char* const NomeFileListaMosse;  // "ListaMosse.txt"
 extern const char* const NomeAnnotatore;      // "Pendrino1.0"
 
-// Each replaces its file whole; a file that cannot be written keeps its old
-// content and nothing is reported.
-void SalvaPartita();
-void ScriviElencoMosse();
+// Each replaces its file whole; false when the file could not be written,
+// which then keeps its old content. Telling the user is the caller's part.
+bool SalvaPartita();
+bool ScriviElencoMosse();
 
 // The texts as they are written, composed into a fixed buffer ('\n' line
 // ends), cut to fit and zero-terminated when capienza > 0; the length of the

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "ambiente_console.h"
+#include "board/fen.h"
 #include "comune/toni.h"
 #include "console/avvio.h"
 
@@ -115,6 +116,22 @@ TEST_F(Comandi, BackspaceACampoVuotoNonFaNullaENonSpostaIlFuoco) {
 
 // ---------------------------------------------------------------------------
 // Focus.
+
+TEST_F(Comandi, InvioDaUnAltraRigaRiportaFuocoECursoreAlCampo) {
+  piattaforma::ApriConsole();
+  inizializza();
+  NuovaPartita(FenIniziale);
+  for (const char c : std::string("e4")) memoria::AccodaTasto(WORD(c == 'e' ? 'E' : c), 0, c);
+  // Up to the repetition line, then Enter.
+  for (int i = 0; i < 6; ++i) memoria::AccodaTasto(VK_UP);
+  TurnoCiclo();
+  ASSERT_EQ(fuoco, 6u);
+  memoria::AccodaTasto(VK_RETURN);
+  TurnoCiclo();
+  EXPECT_EQ(ContatoreMosse, 1u);
+  EXPECT_EQ(fuoco, FUOCO_COMANDO);
+  CursoreIn(x_comando, y_comando);
+}
 
 TEST_F(Comandi, ImpostaFocusPortaIlCursoreSullaRigaScelta) {
   const int attesi[9][2] = {{44, 40}, {0, 38}, {0, 37}, {0, 21}, {0, 20},
@@ -265,14 +282,17 @@ TEST_F(Comandi, EsciSiSalvaSuonaEChiude) {
   ToniSono({{3000, 5}});
 }
 
-TEST_F(Comandi, EsciSiConFileNonScrivibileChiudeComunque) {
+TEST_F(Comandi, EsciSiConFileNonScrivibileLoDiceENonChiude) {
   piattaforma::ApriConsole();
   memoria::ImpostaSolaLettura(true);
   memoria::AccodaRisposta(IDYES);
-  EXPECT_THROW(comando_esci(), memoria::UscitaProcesso);
-  EXPECT_FALSE(memoria::ConsoleAperta());
+  comando_esci();
+  EXPECT_TRUE(memoria::ConsoleAperta());
   EXPECT_FALSE(memoria::EsisteFile("partita.pgn"));
-  ToniSono({{3000, 5}});
+  ASSERT_EQ(memoria::Finestre().size(), 2u);
+  EXPECT_EQ(memoria::Finestre()[1].testo,
+            "Impossibile scrivere il file partita.pgn: la partita non e' stata salvata.");
+  EXPECT_TRUE(memoria::Toni().empty());
 }
 
 TEST_F(Comandi, EsciConUnaFinestraCheNonSiApreResta) {

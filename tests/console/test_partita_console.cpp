@@ -173,6 +173,30 @@ TEST_F(PartitaConsole, MossaSuPartitaAggiudicataChiedeDiRevocare) {
   EXPECT_EQ(ContatoreMosse, 4u);
 }
 
+TEST_F(PartitaConsole, LaRevocaSiVedeSubitoAncheSeLaMossaERifiutata) {
+  Mosse({"f3", "e5", "g4", "Qh4"});
+  ASSERT_NE(memoria::Riga(y_mossa_corrente).find("Scaccomatto: partita aggiudicata ( 0-1 )"),
+            std::string::npos);
+  memoria::AccodaRisposta(IDYES);
+  Mossa("Kf2");
+  EXPECT_STREQ(Result, "*");
+  // The line no longer states the revoked result, and the notice came
+  // after it was drawn.
+  EXPECT_NE(memoria::Riga(y_mossa_corrente).find("Mossa 3, tratto al bianco, orologio fermo"),
+            std::string::npos)
+      << memoria::Riga(y_mossa_corrente);
+  CursoreAlCampo();
+}
+
+TEST_F(PartitaConsole, LaRevocaSiVedeSubitoAncheConIlRitiro) {
+  Mosse({"f3", "e5", "g4", "Qh4"});
+  memoria::AccodaRisposta(IDYES);
+  Tasto(VK_DELETE, CTRL);
+  EXPECT_NE(memoria::Riga(y_mossa_corrente).find("Mossa 2, tratto al nero, orologio fermo"),
+            std::string::npos)
+      << memoria::Riga(y_mossa_corrente);
+}
+
 // ---------------------------------------------------------------------------
 // Taking a move back: Ctrl+Delete and Ctrl+Break.
 
@@ -422,6 +446,72 @@ TEST_F(PartitaConsole, F9SalvaLaPartitaEPoiLaApre) {
   // Unlike alt + s, no tone.
   EXPECT_TRUE(ToniDa(toni).empty());
   EXPECT_TRUE(memoria::Finestre().empty());
+}
+
+// ---------------------------------------------------------------------------
+// A file the user asked for that cannot be written is said.
+
+const char* const PGN_NON_SCRITTO =
+    "Impossibile scrivere il file partita.pgn: la partita non e' stata salvata.";
+
+TEST_F(PartitaConsole, AltSConFileNonScrivibileLoDice) {
+  Mosse({"e4", "e5"});
+  memoria::ImpostaSolaLettura(true);
+  const size_t toni = memoria::Toni().size();
+  Tasto('S', ALT);
+  EXPECT_EQ(FinestreDa(0), std::vector<std::string>{Box(PGN_NON_SCRITTO, AVVISO)});
+  EXPECT_TRUE(ToniDa(toni).empty());
+  CursoreAlCampo();
+}
+
+TEST_F(PartitaConsole, F9ConFileNonScrivibileLoDiceENonApreNulla) {
+  Mosse({"e4"});
+  memoria::ImpostaFile("partita.pgn", "una partita vecchia");
+  memoria::ImpostaSolaLettura(true);
+  Tasto(VK_F9);
+  EXPECT_EQ(FinestreDa(0), std::vector<std::string>{Box(PGN_NON_SCRITTO, AVVISO)});
+  EXPECT_TRUE(memoria::ComandiVisualizzatore().empty());
+  EXPECT_EQ(memoria::ContenutoFile("partita.pgn"), "una partita vecchia");
+}
+
+TEST_F(PartitaConsole, F5ConFileNonScrivibileLoDiceENonApreNulla) {
+  Mosse({"e4"});
+  memoria::ImpostaSolaLettura(true);
+  Tasto(VK_F5);
+  EXPECT_EQ(FinestreDa(0),
+            std::vector<std::string>{Box("Impossibile scrivere il file ListaMosse.txt: l'elenco "
+                                         "delle mosse non e' stato aggiornato.",
+                                         AVVISO)});
+  EXPECT_TRUE(memoria::ComandiVisualizzatore().empty());
+}
+
+TEST_F(PartitaConsole, AltNSiConFileNonScrivibileTieneLaPartita) {
+  Mosse({"e4", "e5"});
+  memoria::ImpostaSolaLettura(true);
+  memoria::AccodaRisposta(IDYES);
+  Tasto('N', ALT);
+  ASSERT_EQ(memoria::Finestre().size(), 2u);
+  EXPECT_EQ(memoria::Finestre()[1].testo, PGN_NON_SCRITTO);
+  EXPECT_EQ(ContatoreMosse, 2u);
+  EXPECT_EQ(Registro(2), "e5");
+}
+
+TEST_F(PartitaConsole, AltF4SiConFileNonScrivibileRestaAperto) {
+  Mosse({"e4", "e5"});
+  memoria::ImpostaSolaLettura(true);
+  memoria::AccodaTasto(VK_F4, ALT);
+  memoria::AccodaRisposta(IDYES);
+  TurnoCiclo();
+  EXPECT_TRUE(memoria::ConsoleAperta());
+  ASSERT_EQ(memoria::Finestre().size(), 2u);
+  EXPECT_EQ(memoria::Finestre()[1].testo, PGN_NON_SCRITTO);
+  EXPECT_EQ(ContatoreMosse, 2u);
+  // Once the folder can be written again, the same answer saves and leaves.
+  memoria::ImpostaSolaLettura(false);
+  memoria::AccodaTasto(VK_F4, ALT);
+  memoria::AccodaRisposta(IDYES);
+  Esce([] { TurnoCiclo(); });
+  EXPECT_TRUE(memoria::EsisteFile("partita.pgn"));
 }
 
 TEST_F(PartitaConsole, F1ApreLaGuidaScrittaAllAvvio) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """A full disk under the real program: the game goes on, the journal notice
-comes once, the other files fail without a word, and the journal is whole
-again as soon as there is room.
+comes once, the game file asked for with Alt+S is said not to be written,
+and the journal is whole again as soon as there is room.
 
 Usage: disco_pieno.py <program> <TERM>
 
@@ -19,6 +19,7 @@ from terminale_pty import (SALTA, Fallito, Terminale, principale,  # noqa: E402
                            scrivi_impostazioni, tasti_del_terminale)
 
 AVVISO = "Impossibile scrivere il giornale"
+NON_SALVATA = "Impossibile scrivere il file partita.pgn"
 ATTESA = 10.0
 
 
@@ -65,6 +66,10 @@ def partita(t, tasti, cartella, errori):
     digita(t, "e5")
     t.attendi(lambda: "Mossa 2, tratto al bianco" in t.riga(21), "1... e5 played", ATTESA)
     t.premi(tasti["alt_s"])
+    t.attendi(lambda: t.contiene(NON_SALVATA), "the notice of the game file not saved", ATTESA)
+    t.quiete()
+    t.invia(b"\r")
+    t.attendi(lambda: not t.contiene(NON_SALVATA), "the save notice closed", ATTESA)
     t.quiete(0.5)
     if t.contiene(AVVISO):
         errori.append("the journal notice came a second time in the same game")

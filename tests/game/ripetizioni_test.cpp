@@ -2,6 +2,7 @@
 // sentences.
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -166,6 +167,42 @@ TEST_F(Ripetizione, UnaPosizioneCaricataConMosseReversibiliNonGuardaFuoriPartita
   ScansionaRipetizioni();
   EXPECT_EQ(Ripetizioni, 1u);
   EXPECT_EQ(PosizioneRipetuta[0], 4u);
+}
+
+TEST_F(Ripetizione, LaTripliceOltreCentoventisetteSemimosseSiTrova) {
+  // The position at plies 0 and 4 comes back at ply 144: by then the
+  // half-move clock has stopped at 127, and both earlier occurrences lie
+  // further back than that.
+  Nuova("7k/8/8/8/8/8/8/R3K3 w - - 0 1");
+  EXPECT_EQ(GiocaRevocando({"Ra2", "Kg8", "Ra1", "Kh8"}), "Ra2 Kg8 Ra1 Kh8");
+  ASSERT_EQ(Ripetizioni, 1u);
+  // A rook tour over squares that never give check, each rook square met
+  // once with the king on e1 and once with it on d1; the black king
+  // steps between h8 and g8.
+  std::vector<std::string> bianche;
+  const char* andata[] = {"a2", "a3", "a4", "a5", "a6", "a7", "b7", "b6", "b5", "b4", "b3", "b2",
+                          "c2", "c3", "c4", "c5", "c6", "c7", "d7", "d6", "d5", "d4", "d3", "d2",
+                          "e2", "e3", "e4", "e5", "e6", "f6", "f5", "f4", "f3", "f2"};
+  for (const char* casa : andata) bianche.push_back(std::string("R") + casa);
+  bianche.push_back("Kd1");
+  for (int i = int(std::size(andata)) - 2; i >= 0; --i)
+    bianche.push_back(std::string("R") + andata[i]);
+  bianche.push_back("Ra1");
+  bianche.push_back("Ke1");
+  for (size_t i = 0; i < bianche.size(); ++i) {
+    ASSERT_EQ(Gioca(bianche[i].c_str()), bianche[i]) << i;
+    const char* nera = i % 2 == 0 ? "Kg8" : "Kh8";
+    ASSERT_EQ(Gioca(nera), nera) << i;
+    if (ContatoreMosse < 144) {
+      ASSERT_NE(Ripetizioni, 2u) << ContatoreMosse;
+    }
+  }
+  ASSERT_EQ(ContatoreMosse, 144u);
+  ASSERT_EQ(Semimosse(InfoPosizione), 127u);
+  EXPECT_EQ(Ripetizioni, 2u);
+  EXPECT_EQ(PosizioneRipetuta[0], 4u);
+  EXPECT_EQ(PosizioneRipetuta[1], 0u);
+  EXPECT_EQ(Stato(), "1/2-1/2 | threefold repetition | triplice ripetizione");
 }
 
 TEST_F(Ripetizione, IlRitiroNonToccaLeRipetizioni) {
