@@ -10,6 +10,7 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "comune/arbitro.h"
 #include "comune/mosse_a_caso.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/uscita.h"
@@ -202,13 +203,13 @@ class Rodaggio_ {
     const uint64_t lasciate = lasciate_[n] ^ ChiaviLasciate(mossa, InfoPosizione, AlTratto());
     if (PartitaAggiudicata()) RevocaAggiudicazione();
     if (!Fai(Coordinate(mossa), mossa, lasciate)) return false;
-    AnnotaMossa(mossa);
+    AnnotaConArbitro(mossa);
     const std::string scritto = ElencoStringaMossa[n + 1];
     const std::string stato = Result;
     Ritira(false);
     if (ContatoreMosse != n) return false;
     if (!Fai(Variante(scritto), mossa, lasciate)) return false;
-    AnnotaMossa(mossa);
+    AnnotaConArbitro(mossa);
     if (scritto != ElencoStringaMossa[n + 1])
       Guasto("the record wrote " + scritto + " and then " + ElencoStringaMossa[n + 1]);
     if (stato != Result) Guasto("the same move ended the game otherwise");
@@ -262,7 +263,6 @@ EsitoRodaggio Rodaggio(uint64_t partite, uint64_t seme) {
   UscitaDiagnostiche = {TestoNelRodaggio, ScacchieraNelRodaggio, nullptr};
   DopoFinestra = nullptr;
   SchermoDellOrologio = {};
-  SchermoDellaPartita = {};
   EsitoRodaggio esito;
   Rodaggio_ rodaggio(esito);
   const auto inizio = std::chrono::steady_clock::now();

@@ -13,6 +13,7 @@
 #include "board/posizione.h"
 #include "board/verifica_posizione.h"
 #include "clock/orologio.h"
+#include "comune/arbitro.h"
 #include "comune/istantanea.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
@@ -118,7 +119,6 @@ const char* ProvaTestiMossa(const uint8_t* dati, size_t lunghezza) {
   memoria::Azzera();
   DopoFinestra = nullptr;
   SchermoDellOrologio = {};
-  SchermoDellaPartita = {};
   InMoto = 0;
 
   const uint8_t scelta = dati[0];
@@ -167,7 +167,7 @@ const char* ProvaTestiMossa(const uint8_t* dati, size_t lunghezza) {
     if (!Contiene(prima.legali, mossa)) return "FaiMossaInComando played a move that is not legal";
     if (ContatoreMosse != contatore + 1 || ElencoMosse[ContatoreMosse] != mossa)
       return "the move played is not in the record";
-    AnnotaMossa(mossa);
+    AnnotaConArbitro(mossa);
     const std::string scritto = ElencoStringaMossa[ContatoreMosse];
     if (scritto.size() < 2 || scritto.size() >= size_t(LUNGHEZZA_STRINGA_MOSSA))
       return "the record's text has a wrong length";
@@ -183,7 +183,7 @@ const char* ProvaTestiMossa(const uint8_t* dati, size_t lunghezza) {
         Copia(reinterpret_cast<const uint8_t*>(scritto.data()), scritto.size());
     if (!LeggiDettagliMossaDaComando(ancora.get())) return "the record's text is not read";
     if (FaiMossaInComando() != mossa) return "the record's text names another move";
-    AnnotaMossa(mossa);
+    AnnotaConArbitro(mossa);
     if (scritto != ElencoStringaMossa[ContatoreMosse]) return "the record wrote another text";
     if (!(Ora() == dopo)) return "the move typed again led elsewhere";
     storia.push_back(dopo);

@@ -36,12 +36,29 @@ ESECUZIONE = LAVORO / "esecuzione"
 TEMPO_MASSIMO_PROVA = 600
 
 
+TONI = "src/messaggi/toni.h"
+
+
+def RigaDelTono(nome):
+    """The row of the table of tones that names Tono::nome, or None."""
+    for riga in Leggi(RADICE / TONI).splitlines():
+        if re.search(r"//\s*" + re.escape(nome) + r"\s*$", riga) and "{" in riga:
+            return riga
+    return None
+
+
 class Mutazione:
     def __init__(self, riga, campi):
         self.riga = riga
         self.nome, self.file, originale, sostituto, prove, self.descrizione = campi
         self.originale = Decodifica(originale)
         self.sostituto = Decodifica(sostituto)
+        if self.file.startswith("tono:"):
+            # The named tone's row, with the number changed.
+            riga_tono = RigaDelTono(self.file[len("tono:"):]) or ""
+            self.file = TONI
+            self.sostituto = riga_tono.replace(self.originale, self.sostituto, 1)
+            self.originale = riga_tono if self.originale in riga_tono else "\0" + self.originale
         # "test_moves:FaiMossa.*" -> ("test_moves", "FaiMossa.*")
         self.prove = [tuple(p.split(":", 1)) if ":" in p else (p, None) for p in prove.split()]
         self.esito = ""

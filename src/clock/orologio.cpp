@@ -2,7 +2,9 @@
 
 #include "board/posizione.h"
 #include "clock/cadenza.h"
+#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
+#include "messaggi/toni.h"
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
@@ -21,13 +23,6 @@ SchermoOrologio SchermoDellOrologio;
 namespace {
 
 constexpr int32_t MILLISECONDI_AL_MINUTO = 60000;
-constexpr uint32_t FREQUENZA_BIP = 1000;
-constexpr uint32_t DURATA_BIP = 100;
-// Above hearing: a short pause that keeps two tones apart.
-constexpr uint32_t FREQUENZA_PAUSA = 50000;
-constexpr uint32_t DURATA_PAUSA = 3;
-constexpr uint32_t FREQUENZA_PERIODO = 3000;
-constexpr uint32_t DURATA_PERIODO = 5;
 
 // In unsigned arithmetic, so that a count past the 32-bit wrap still gives the
 // right difference and nothing overflows.
@@ -47,9 +42,39 @@ void MostraStato() {
   if (SchermoDellOrologio.stato) SchermoDellOrologio.stato();
 }
 
-void Bip() { piattaforma::Suona(FREQUENZA_BIP, DURATA_BIP); }
-
 }  // namespace
+
+void InstallaSchermoOrologio(const SchermoOrologio& schermo) { SchermoDellOrologio = schermo; }
+
+StatoOrologio FotografiaOrologio() {
+  StatoOrologio s{};
+  for (int colore = 0; colore < 2; ++colore) {
+    s.tempo[colore] = TempoRimasto[colore];
+    s.visualizzato[colore] = TempoVisualizzato[colore];
+    s.allarme[colore] = AlarmeSuonato[colore];
+  }
+  s.inizio = InizioTempo;
+  s.in_moto = InMoto;
+  s.prima_volta = PrimaVoltaInMoto;
+  s.cadenza = CadenzaPartita;
+  CopiaLimitata(s.data, sizeof s.data, DataUTC);
+  CopiaLimitata(s.ora, sizeof s.ora, OraUTC);
+  return s;
+}
+
+void RipristinaOrologio(const StatoOrologio& s) {
+  for (int colore = 0; colore < 2; ++colore) {
+    TempoRimasto[colore] = s.tempo[colore];
+    TempoVisualizzato[colore] = s.visualizzato[colore];
+    AlarmeSuonato[colore] = s.allarme[colore];
+  }
+  InizioTempo = s.inizio;
+  InMoto = s.in_moto;
+  PrimaVoltaInMoto = s.prima_volta;
+  CopiaLimitata(DataUTC, sizeof DataUTC, s.data);
+  CopiaLimitata(OraUTC, sizeof OraUTC, s.ora);
+  ImpostaCadenzaPartita(s.cadenza);
+}
 
 uint32_t Adesso() { return uint32_t(piattaforma::Millisecondi()); }
 
@@ -70,7 +95,11 @@ void CaricaTempoDaiParametri() {
   for (int colore = 0; colore < 2; ++colore) {
     TempoRimasto[colore] = int32_t(int64_t(minuti) * MILLISECONDI_AL_MINUTO);
     TempoVisualizzato[colore] = 0;
+    AlarmeSuonato[colore] = ALLARME_MAI_SUONATO;
   }
+  InMoto = 0;
+  PrimaVoltaInMoto = 0;
+  AzzeraTempoUTC();
   for (int colore = 0; colore < 2; ++colore) StampaTempo(colore, int32_t(int64_t(minuti) * 60));
   if (SchermoDellOrologio.cadenza) SchermoDellOrologio.cadenza();
 }
@@ -84,8 +113,7 @@ void OrologioInMoto() {
   }
   InMoto = 1;
   MostraStato();
-  piattaforma::Suona(FREQUENZA_PAUSA, DURATA_PAUSA);
-  Bip();
+  Suona(Tono::Pausa, Tono::Bip);
 }
 
 void FermaOrologio() {
@@ -95,8 +123,7 @@ void FermaOrologio() {
   MostraTempoRimasto(lato);
   InMoto = 0;
   MostraStato();
-  Bip();
-  piattaforma::Suona(FREQUENZA_PAUSA, DURATA_PAUSA);
+  Suona(Tono::Bip, Tono::Pausa);
 }
 
 void PremiOrologio(int colore) {
@@ -120,9 +147,7 @@ void PremiOrologio(int colore) {
     }
     if (mossa == limite) {
       Aggiungi(colore, int64_t(cadenza.tempo_secondo_periodo) * MILLISECONDI_AL_MINUTO);
-      piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
-      Bip();
-      piattaforma::Suona(FREQUENZA_PERIODO, DURATA_PERIODO);
+      Suona(Tono::Conferma, Tono::Bip, Tono::Conferma);
     }
   }
   // Both lines tell the truth at once: the mover's with what it used and
@@ -140,13 +165,13 @@ void ModificaTempo(int colore, int32_t minuti) {
   MostraTempoRimasto(colore);
 }
 
-bool AggiornaTempoVisualizzato(int colore) {
+bool AggiornaTempoVisualizzato(int colore, bool mostra) {
   const int32_t secondi = SecondiInMillisecondi(TempoRimastoInMoto(colore));
   if (secondi == TempoVisualizzato[colore]) return false;
   // With the automatic display off the shown value stays behind, so the
   // alarm checks below run on every turn; their marks keep them from
   // sounding twice.
-  if (Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) StampaTempo(colore, secondi);
+  if (mostra || Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) StampaTempo(colore, secondi);
   SuonaAlarme(colore, secondi);
   return secondi == 0;
 }
@@ -161,13 +186,12 @@ void SuonaAlarme(int colore, int32_t secondi) {
   const bool nuovo = AlarmeSuonato[colore] != secondi;
   for (int k = 0; k < 5; ++k) {
     if (int64_t(Parametro(PARAMETRO_ALLARME1 + k)) * 60 == secondi && nuovo) {
-      Bip();
-      Bip();
+      Suona(Tono::Bip, Tono::Bip);
       AlarmeSuonato[colore] = secondi;
       return;
     }
   }
-  if (secondi >= 1 && secondi <= 3 && nuovo) Bip();
+  if (secondi >= 1 && secondi <= 3 && nuovo) Suona(Tono::Bip);
   AlarmeSuonato[colore] = secondi;
 }
 

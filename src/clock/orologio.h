@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+#include "clock/cadenza.h"
+
 // Remaining time of each side in milliseconds as last charged; it may go
 // negative. While the clock runs, the side to move really has
 // TempoRimasto[side] + InizioTempo - Adesso() (32-bit wrapping arithmetic).
@@ -28,6 +30,25 @@ struct SchermoOrologio {
   void (*cadenza)();                           // the time-control line
 };
 extern SchermoOrologio SchermoDellOrologio;
+void InstallaSchermoOrologio(const SchermoOrologio& schermo);
+
+// The whole clock as one value: what a new game starts from, what the
+// journal keeps and gives back, what a test sets up.
+struct StatoOrologio {
+  int32_t tempo[2];         // TempoRimasto
+  uint32_t inizio;          // InizioTempo
+  uint32_t in_moto;         // InMoto
+  uint32_t prima_volta;     // PrimaVoltaInMoto
+  int32_t visualizzato[2];  // TempoVisualizzato
+  int32_t allarme[2];       // AlarmeSuonato
+  CadenzaDiGioco cadenza;   // CadenzaPartita
+  char data[16], ora[12];   // DataUTC, OraUTC
+  bool operator==(const StatoOrologio&) const = default;
+};
+StatoOrologio FotografiaOrologio();
+// Puts the clock back as `stato` says, the time-control text rebuilt; nothing
+// is shown and nothing sounds.
+void RipristinaOrologio(const StatoOrologio& stato);
 
 // Milliseconds on a 32-bit wrapping count; only differences are meaningful.
 uint32_t Adesso();
@@ -38,7 +59,10 @@ int32_t SecondiInMillisecondi(int32_t millisecondi);
 // The running side's true remaining time now.
 int32_t TempoRimastoInMoto(int colore);
 
-// A fresh clock for a new game from the current settings, both times shown.
+// A fresh clock for a new game from the current settings: their time
+// control becomes the game's, both sides get the first period, the clock is
+// stopped and has never run, no alarm has sounded, no start is recorded;
+// both times and the time control are shown.
 void CaricaTempoDaiParametri();
 void OrologioInMoto();
 void FermaOrologio();
@@ -49,9 +73,10 @@ void PremiOrologio(int colore);
 void ModificaTempo(int colore, int32_t minuti);
 
 // One turn of the loop while the clock runs, for the side to move: shows a
-// new second, sounds alarms and the countdown. True when that side's flag
-// has fallen (its shown time reached 0): the game decides what follows.
-bool AggiornaTempoVisualizzato(int colore);
+// new second (when the automatic display is on, or `mostra` asks for it
+// once), sounds alarms and the countdown. True when that side's flag has
+// fallen (its shown time reached 0): the game decides what follows.
+bool AggiornaTempoVisualizzato(int colore, bool mostra = false);
 // Shows `secondi` on a side's line unless it is already shown there.
 void StampaTempo(int colore, int32_t secondi);
 void SuonaAlarme(int colore, int32_t secondi);

@@ -5,6 +5,7 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
+#include "console/arbitro.h"
 #include "console/comandi.h"
 #include "console/guida.h"
 #include "console/politica_interfaccia.h"
@@ -23,22 +24,22 @@ using namespace piattaforma::win32;
 // and on the board panel, the clock and the game on their lines, each time
 // with the cursor back on the focus.
 static void InstallaSchermi() {
-  UscitaDiagnostiche.testo = piattaforma::Scrivi;
-  UscitaDiagnostiche.scacchiera = StampaScacchiera;
-  UscitaDiagnostiche.file = piattaforma::SostituisciFileDiTesto;
-  SchermoDellOrologio.tempo = [](int colore, int32_t secondi) {
-    StampaLineaTempo(colore, secondi);
-    ImpostaFocus();
-  };
-  SchermoDellOrologio.stato = [] {
-    StampaMossaCorrente();
-    ImpostaFocus();
-  };
-  SchermoDellOrologio.cadenza = [] {
-    StampaCadenza();
-    ImpostaFocus();
-  };
-  SchermoDellaPartita.mossa_corrente = SchermoDellOrologio.stato;
+  InstallaUscitaDiagnostiche(
+      {piattaforma::Scrivi, StampaScacchiera, piattaforma::SostituisciFileDiTesto});
+  InstallaSchermoOrologio({
+      [](int colore, int32_t secondi) {
+        StampaLineaTempo(colore, secondi);
+        ImpostaFocus();
+      },
+      [] {
+        StampaMossaCorrente();
+        ImpostaFocus();
+      },
+      [] {
+        StampaCadenza();
+        ImpostaFocus();
+      },
+  });
   DopoFinestra = ImpostaFocus;
   // A box opens on a journal up to date (a move just played, when its
   // question is the box), and while it waits the journal keeps the running
@@ -102,9 +103,7 @@ void RiprendiDalGiornale() {
 }
 
 void DisegnaPartitaRipresa() {
-  // The settings of the game may differ from the file's: the time control
-  // line follows them.
-  ScriviCadenza();
+  // The game's own time control, which may differ from the settings.
   StampaCadenza();
   for (int colore = 0; colore < 2; ++colore)
     StampaTempo(colore, SecondiInMillisecondi(TempoRimasto[colore]));

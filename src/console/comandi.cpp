@@ -7,6 +7,7 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
+#include "console/arbitro.h"
 #include "console/schermo.h"
 #include "diagnostics/stampa.h"
 #include "game/aggiudicazione.h"
@@ -14,15 +15,11 @@
 #include "game/giornale.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
+#include "messaggi/toni.h"
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
 
 using namespace piattaforma::win32;
-
-char comando[MASSIMO_CARATTERI_COMANDO + 1];
-uint32_t CharatteriInComando;
-const char CaratteriExtra[] = "+-:=";
-uint32_t fuoco;
 
 const char* const TestoPartitaNonSalvata =
     "Impossibile scrivere il file partita.pgn: la partita non e' stata salvata.";
@@ -65,36 +62,16 @@ const RigaComando Comandi[NUMERO_COMANDI] = {
 // ---------------------------------------------------------------------------
 // Focus.
 
-struct Punto {
-  int16_t x, y;
-};
-static constexpr Punto PosizioneFuoco[FUOCO_BORDO_SUPERIORE + 1] = {
-    {x_comando, y_comando}, {0, y_tempo[1]},  {0, y_tempo[0]},
-    {0, y_mossa_corrente},  {0, y_semimosse}, {0, y_diritti_arrocco},
-    {0, y_ripetizioni},     {0, y_cadenza},   {0, y_bordo_superiore},
-};
-
-void ImpostaFocus() {
-  if (fuoco > FUOCO_BORDO_SUPERIORE) {
-    piattaforma::FinestraMessaggio("Errore in InpostaFocus!", TitoloFinestre,
-                                   MB_OK | MB_ICONINFORMATION);
-    return;
-  }
-  const Punto p = PosizioneFuoco[fuoco];
-  gotoxy(int16_t(p.x + (fuoco == FUOCO_COMANDO ? CharatteriInComando : 0)), p.y);
-}
-
 // Tone marks of the focus: the two ends, and the running side's time line.
-static void SuonaEstremoSuperiore() { piattaforma::Suona(50000, 3); }
-static void SuonaEstremoInferiore() { piattaforma::Suona(700, 9); }
+static void SuonaEstremoSuperiore() { Suona(Tono::Pausa); }
+static void SuonaEstremoInferiore() { Suona(Tono::Fondo); }
 
 static void SegnalaTempoInMoto() {
   const bool tempo_in_moto =
       InMoto && ((fuoco == FUOCO_TEMPO_BIANCO && (ContatoreMosse & 1) == 0) ||
                  (fuoco == FUOCO_TEMPO_NERO && (ContatoreMosse & 1) == 1));
   if (!tempo_in_moto) return;
-  piattaforma::Suona(1500, 4);
-  piattaforma::Suona(1500, 4);
+  Suona(Tono::Digitazione, Tono::Digitazione);
 }
 
 // One step of the focus towards the end `estremo`; that end's tone marks
@@ -145,7 +122,7 @@ void comando_digitazione(signed char carattere) {
   const char c = char(carattere);
   piattaforma::Scrivi(&c, 1);
   comando[CharatteriInComando++] = c;
-  piattaforma::Suona(1500, 4);
+  Suona(Tono::Digitazione);
 }
 
 void comando_backspace() {
@@ -221,7 +198,7 @@ static void AvvisaIntervallo(const char* inizio, const RigaIni& riga) {
 
 void comando_ImpostaParametro(int indice) {
   if (indice < 0 || indice >= NUMERO_PARAMETRI) return;
-  RigaIni& riga = ParametroIni[indice];
+  const RigaIni& riga = ParametroIni[indice];
   if (InMoto) {
     Avvisa(RifiutoConOrologioInMoto);
     return;
@@ -247,9 +224,9 @@ void comando_ImpostaParametro(int indice) {
   AggiungiTesto(riga.unita);
   AggiungiCarattere('?');
   if (Domanda(messaggio, MB_YESNO) != IDYES) return;
-  riga.valore = valore;
+  ImpostaParametro(indice, valore);
   ScriviIni();
-  piattaforma::Suona(3000, 5);
+  Suona(Tono::Conferma);
 }
 
 void comando_ModificaTempo(int segno) {
@@ -286,12 +263,9 @@ void comando_ModificaTempo(int segno) {
 }
 
 void AggiornaTempoASchermo() {
-  int32_t& automatico = ParametroIni[PARAMETRO_AGGIORNAMENTO_AUTOMATICO].valore;
-  if (!InMoto || automatico == 1) return;
+  if (!InMoto || Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) return;
   const int colore = int(ContatoreMosse & 1);
-  automatico = 1;
-  const bool caduta = AggiornaTempoVisualizzato(colore);
-  automatico = 0;
+  const bool caduta = AggiornaTempoVisualizzato(colore, true);
   // White to move lands on White's time line, Black to move on the line
   // above Black's: the two are not symmetrical, and stay so.
   fuoco = uint32_t(colore) + 2;
@@ -301,15 +275,6 @@ void AggiornaTempoASchermo() {
 
 // ---------------------------------------------------------------------------
 // A new game.
-
-void StampaPosizione() {
-  StampaDirittiArrocco();
-  StampaSemimosse();
-  StampaRipetizioni();
-  StampaMossaCorrente();
-  StampaScacchiera();
-  ImpostaFocus();
-}
 
 void NuovaPartita(const char* testo) {
   SvuotaScacchiera();
@@ -321,11 +286,7 @@ void NuovaPartita(const char* testo) {
     NuovaPartita(FenIniziale);
   }
   CaricaTempoDaiParametri();
-  AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
   SvuotaCampoComando();
-  InMoto = 0;
-  PrimaVoltaInMoto = 0;
-  AzzeraTempoUTC();
   RevocaAggiudicazione();
   AzzeraPartita();
   StampaPosizione();
@@ -367,9 +328,7 @@ void InterpretaComando() {
     AvvisaComando("non e' una mossa legale");
     return;
   }
-  AnnotaMossa(mossa);
-  StampaPosizione();
-  piattaforma::Suona(3000, 5);
+  PresentaMossa(AnnotaMossa(mossa));
 }
 
 void comando_invio() {
@@ -393,9 +352,7 @@ void comando_RitiraUltimaMossa() {
   if (!RevocaConsentita(dom_AggiudicataModificaCMQ)) return;
   RitiraUltimaMossa();
   StampaPosizione();
-  piattaforma::Suona(3000, 5);
-  piattaforma::Suona(50000, 3);
-  piattaforma::Suona(3000, 5);
+  Suona(Tono::Conferma, Tono::Pausa, Tono::Conferma);
 }
 
 // The saves the user asks for: a file that could not be written is said,
@@ -417,7 +374,7 @@ void comando_NuovaPartita() {
     case IDYES:
       // The game on the board is not given up unless it is on disk.
       if (!Salva()) break;
-      piattaforma::Suona(3000, 5);
+      Suona(Tono::Conferma);
       NuovaPartita(FenIniziale);
       break;
     case IDNO:
@@ -430,7 +387,7 @@ void comando_NuovaPartita() {
 
 void comandoSalvaPartita() {
   if (!Salva()) return;
-  piattaforma::Suona(3000, 5);
+  Suona(Tono::Conferma);
 }
 
 void comando_VisualizzaListaComandi() {
@@ -459,7 +416,7 @@ void comando_esci() {
     case IDYES:
       // A game that could not be saved keeps the program open.
       if (!Salva()) break;
-      piattaforma::Suona(3000, 5);
+      Suona(Tono::Conferma);
       ChiudiGiornale();
       ChiudiIlProgramma();
     case IDNO:

@@ -4,22 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-constexpr uint32_t MASSIMO_CARATTERI_COMANDO = 8;
-extern char comando[MASSIMO_CARATTERI_COMANDO + 1];
-extern uint32_t CharatteriInComando;
-// Non-alphanumeric characters the command field accepts.
-extern const char CaratteriExtra[];
-
-// Focus: 0 the command field, 1 Black's time, 2 White's time, 3..7 the
-// information lines upwards, 8 the top of the panel area.
-constexpr uint32_t FUOCO_COMANDO = 0;
-constexpr uint32_t FUOCO_TEMPO_NERO = 1;
-constexpr uint32_t FUOCO_TEMPO_BIANCO = 2;
-constexpr uint32_t FUOCO_BORDO_SUPERIORE = 8;
-extern uint32_t fuoco;
-
-// Cursor to the focused line, so a screen reader reads it next.
-void ImpostaFocus();
+#include "console/fuoco.h"
 
 // Gives the console back and ends the process with status 0.
 [[noreturn]] void ChiudiIlProgramma();
@@ -42,9 +27,6 @@ void comando_ModificaTempo(int segno);
 // The manual time display key: shows the running side's time once when the
 // automatic display is off.
 void AggiornaTempoASchermo();
-
-// Redraws the panels of the position, then the cursor goes back to the focus.
-void StampaPosizione();
 
 // Starts a game from a FEN text, the standard position when it is refused.
 void NuovaPartita(const char* testo);

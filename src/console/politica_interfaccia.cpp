@@ -1,15 +1,20 @@
 #include "console/politica_interfaccia.h"
 
+#include "messaggi/toni.h"
+
 using namespace piattaforma::win32;
 
 piattaforma::PoliticaInterfaccia PoliticaInterfacciaPendrino() {
   piattaforma::PoliticaInterfaccia politica;
   // A blind user hears which prefix is set: each has its own pitch, and a
   // cancelled one sounds low and longer.
-  politica.tono_annullato = {500, 60};
-  politica.tono_alt = {1500, 40};
-  politica.tono_ctrl = {1000, 40};
-  politica.tono_ctrl_shift = {1250, 40};
+  auto tono = [](Tono t) {
+    return piattaforma::TonoPrefisso{SuonoDi(t).frequenza, SuonoDi(t).durata};
+  };
+  politica.tono_annullato = tono(Tono::PrefissoAnnullato);
+  politica.tono_alt = tono(Tono::PrefissoAlt);
+  politica.tono_ctrl = tono(Tono::PrefissoCtrl);
+  politica.tono_ctrl_shift = tono(Tono::PrefissoCtrlShift);
   // The initials of the buttons Sì, No and Annulla, and Y for those used to
   // English boxes.
   const piattaforma::LetteraRisposta lettere[] = {

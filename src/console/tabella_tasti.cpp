@@ -1,5 +1,6 @@
 #include "console/tabella_tasti.h"
 
+#include "console/arbitro.h"
 #include "console/comandi.h"
 #include "game/aggiudicazione.h"
 

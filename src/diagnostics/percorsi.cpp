@@ -3,6 +3,7 @@
 #include "board/mossa.h"
 #include "diagnostics/controlli.h"
 #include "moves/genera.h"
+#include "moves/legali.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
 
@@ -41,7 +42,7 @@ void Percorri(uint32_t profondita, uint64_t* const inizio) {
   const FunzioneRitira* ritira = ritira_mossa[C];
 
   uint64_t* const fine = genera_mosse_del[C](inizio);
-  FineMosseGenerate = fine;
+  ChiudiListaMosse(fine);
   SalvaParolePosizione();
   for (const uint64_t* letta = inizio; letta < FineMosseGenerate; ++letta) {
     uint64_t mossa = *letta;
@@ -51,7 +52,7 @@ void Percorri(uint32_t profondita, uint64_t* const inizio) {
       if (ReportNonVuoto()) break;
     }
     Percorri<Colore(~C), Controlla>(profondita - 1, fine);
-    FineMosseGenerate = fine;
+    ChiudiListaMosse(fine);
     if constexpr (Controlla) {
       if (ReportNonVuoto()) break;
     }

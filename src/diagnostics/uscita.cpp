@@ -5,6 +5,8 @@
 
 UscitaDiagnostica UscitaDiagnostiche;
 
+void InstallaUscitaDiagnostiche(const UscitaDiagnostica& uscita) { UscitaDiagnostiche = uscita; }
+
 void ScriviDiagnostica(const char* formato, ...) {
   if (!UscitaDiagnostiche.testo) return;
   char testo[4096];

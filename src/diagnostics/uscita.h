@@ -13,6 +13,7 @@ struct UscitaDiagnostica {
   bool (*file)(const char* nome, const char* testo, size_t lunghezza);
 };
 extern UscitaDiagnostica UscitaDiagnostiche;
+void InstallaUscitaDiagnostiche(const UscitaDiagnostica& uscita);
 
 // printf-style text to the installed output, at most 4095 bytes a call.
 [[gnu::format(printf, 1, 2)]] void ScriviDiagnostica(const char* formato, ...);

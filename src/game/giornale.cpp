@@ -5,13 +5,13 @@
 #include <initializer_list>
 
 #include "board/mossa.h"
+#include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
-#include "moves/genera.h"
 #include "moves/tavole.h"
 #include "piattaforma/piattaforma.h"
 
@@ -26,7 +26,6 @@ namespace {
 constexpr uint32_t VERSIONE_GIORNALE = 2;
 // The oldest format still taken up.
 constexpr uint32_t PRIMA_VERSIONE_GIORNALE = 1;
-constexpr uint32_t NESSUN_PEZZO = 255;
 constexpr const char* LETTERE_PROMOZIONE = "?NBRQ";  // by kind 1..4
 constexpr size_t CIFRE_CONTROLLO = 8;
 // " *" and the eight digits after the payload.
@@ -105,20 +104,25 @@ struct Testo {
 
 Testo testo;
 
-// What the journal holds so far: compared with the game after every event.
-struct Scritto {
+// The game as the journal writes it down, as one value: the journal compares
+// the value it last wrote with the value now, and appends what differs.
+struct StatoDaScrivere {
   uint32_t partita;
   uint64_t semimosse;
   uint64_t mossa[MAX_SEMIMOSSE];
-  char result[8], termination[64], commento[64];
+  StatoAggiudicazione esito;
   CadenzaDiGioco cadenza;
+  // The clock: each side's milliseconds left now, the running side's shown
+  // second and the side it is.
   uint32_t in_moto, prima_volta;
   int32_t tempo[2];
-  int32_t secondo;  // the running side's shown second
-  uint64_t lato;    // the running side
+  int32_t secondo;
+  uint64_t lato;
   char data[16], ora[12];
 };
-Scritto scritto;
+
+StatoDaScrivere scritto;
+StatoDaScrivere adesso;
 
 bool attivo = false;
 bool da_riscrivere = true;  // a fresh file with the whole state next time
@@ -126,23 +130,30 @@ bool in_corso = false;
 bool avviso_dovuto = false;
 bool avvisato = false;  // in this game
 
-// The clock as the journal keeps it: each side's milliseconds left now.
-struct StatoOrologio {
-  int32_t tempo[2];
-  int32_t secondo;
-};
-StatoOrologio OrologioAdesso() {
-  StatoOrologio o{{TempoRimasto[0], TempoRimasto[1]}, 0};
-  if (InMoto) {
-    const int lato = int(ContatoreMosse & 1);
-    o.tempo[lato] = TempoRimastoInMoto(lato);
-    o.secondo = SecondiInMillisecondi(o.tempo[lato]);
+// The game now, from its owners.
+void Fotografa(StatoDaScrivere& s) {
+  s.partita = PartiteIniziate;
+  s.semimosse = ContatoreMosse;
+  for (uint64_t p = 0; p <= ContatoreMosse && p < MAX_SEMIMOSSE; ++p) s.mossa[p] = ElencoMosse[p];
+  s.esito = FotografiaAggiudicazione();
+  const StatoOrologio orologio = FotografiaOrologio();
+  s.cadenza = orologio.cadenza;
+  s.in_moto = orologio.in_moto;
+  s.prima_volta = orologio.prima_volta;
+  s.tempo[0] = orologio.tempo[0];
+  s.tempo[1] = orologio.tempo[1];
+  s.secondo = 0;
+  s.lato = ContatoreMosse & 1;
+  if (orologio.in_moto) {
+    const int lato = int(s.lato);
+    s.tempo[lato] = TempoRimastoInMoto(lato);
+    s.secondo = SecondiInMillisecondi(s.tempo[lato]);
   }
-  return o;
+  CopiaLimitata(s.data, sizeof s.data, orologio.data);
+  CopiaLimitata(s.ora, sizeof s.ora, orologio.ora);
 }
 
-void ComponiCadenza() {
-  const CadenzaDiGioco& c = CadenzaPartita;
+void ComponiCadenza(const CadenzaDiGioco& c) {
   testo.Inizia('C');
   for (int32_t v :
        {c.periodi, c.mosse_primo_periodo, c.tempo_primo_periodo, c.incremento_primo_periodo,
@@ -167,99 +178,72 @@ void ComponiMossa(uint64_t ply) {
   testo.Termina();
 }
 
-void ComponiEsito() {
+void ComponiEsito(const StatoAggiudicazione& e) {
   testo.Inizia('E');
-  testo.Campo(Result);
+  testo.Campo(e.result);
   testo.Carattere('|');
-  testo.Parola(Termination);
+  testo.Parola(e.termination);
   testo.Carattere('|');
-  testo.Parola(CommentoRisultato);
+  testo.Parola(e.commento);
   testo.Termina();
 }
 
-void ComponiOrologio(const StatoOrologio& o) {
+void ComponiOrologio(const StatoDaScrivere& s) {
   testo.Inizia('T');
-  testo.Campo(InMoto ? 1 : 0);
-  testo.Campo(PrimaVoltaInMoto ? 1 : 0);
-  testo.Campo(o.tempo[0]);
-  testo.Campo(o.tempo[1]);
-  testo.Campo(DataUTC);
-  testo.Campo(OraUTC);
+  testo.Campo(s.in_moto ? 1 : 0);
+  testo.Campo(s.prima_volta ? 1 : 0);
+  testo.Campo(s.tempo[0]);
+  testo.Campo(s.tempo[1]);
+  testo.Campo(s.data);
+  testo.Campo(s.ora);
   testo.Termina();
 }
 
-bool EsitoCambiato() {
-  return std::strcmp(scritto.result, Result) != 0 ||
-         std::strcmp(scritto.termination, Termination) != 0 ||
-         std::strcmp(scritto.commento, CommentoRisultato) != 0;
-}
-
-bool CadenzaCambiata() { return !(scritto.cadenza == CadenzaPartita); }
-
-bool OrologioCambiato(const StatoOrologio& o) {
-  if (scritto.in_moto != InMoto || scritto.prima_volta != PrimaVoltaInMoto ||
-      std::strcmp(scritto.data, DataUTC) != 0 || std::strcmp(scritto.ora, OraUTC) != 0)
+bool OrologioCambiato(const StatoDaScrivere& prima, const StatoDaScrivere& dopo) {
+  if (prima.in_moto != dopo.in_moto || prima.prima_volta != dopo.prima_volta ||
+      std::strcmp(prima.data, dopo.data) != 0 || std::strcmp(prima.ora, dopo.ora) != 0)
     return true;
-  if (!InMoto) return scritto.tempo[0] != o.tempo[0] || scritto.tempo[1] != o.tempo[1];
+  if (!dopo.in_moto) return prima.tempo[0] != dopo.tempo[0] || prima.tempo[1] != dopo.tempo[1];
   // Running: the side waiting must be as written, the running one within
   // the same shown second.
-  const int lato = int(ContatoreMosse & 1);
-  return scritto.lato != uint64_t(lato) || scritto.tempo[1 - lato] != o.tempo[1 - lato] ||
-         scritto.secondo != o.secondo;
+  const uint64_t lato = dopo.lato;
+  return prima.lato != lato || prima.tempo[1 - lato] != dopo.tempo[1 - lato] ||
+         prima.secondo != dopo.secondo;
 }
 
-// The plies both the journal and the game agree on.
-uint64_t MossePrimaDellaDifferenza() {
+// The plies both values agree on.
+uint64_t MossePrimaDellaDifferenza(const StatoDaScrivere& prima, const StatoDaScrivere& dopo) {
   uint64_t k = TurnoIniziale;
-  const uint64_t fine = scritto.semimosse < ContatoreMosse ? scritto.semimosse : ContatoreMosse;
-  while (k < fine && scritto.mossa[k + 1] == ElencoMosse[k + 1]) ++k;
+  const uint64_t fine = prima.semimosse < dopo.semimosse ? prima.semimosse : dopo.semimosse;
+  while (k < fine && prima.mossa[k + 1] == dopo.mossa[k + 1]) ++k;
   return k;
 }
 
-void Ricorda(const StatoOrologio& o) {
-  scritto.partita = PartiteIniziate;
-  scritto.semimosse = ContatoreMosse;
-  for (uint64_t p = 0; p <= ContatoreMosse && p < MAX_SEMIMOSSE; ++p)
-    scritto.mossa[p] = ElencoMosse[p];
-  CopiaLimitata(scritto.result, sizeof scritto.result, Result);
-  CopiaLimitata(scritto.termination, sizeof scritto.termination, Termination);
-  CopiaLimitata(scritto.commento, sizeof scritto.commento, CommentoRisultato);
-  scritto.cadenza = CadenzaPartita;
-  scritto.in_moto = InMoto;
-  scritto.prima_volta = PrimaVoltaInMoto;
-  scritto.tempo[0] = o.tempo[0];
-  scritto.tempo[1] = o.tempo[1];
-  scritto.secondo = o.secondo;
-  scritto.lato = ContatoreMosse & 1;
-  CopiaLimitata(scritto.data, sizeof scritto.data, DataUTC);
-  CopiaLimitata(scritto.ora, sizeof scritto.ora, OraUTC);
-}
-
-void ComponiTutto(const StatoOrologio& o) {
+void ComponiTutto(const StatoDaScrivere& s) {
   testo.Svuota();
   testo.Inizia('I');
   testo.Campo(VERSIONE_GIORNALE);
   testo.Termina();
-  ComponiCadenza();
-  for (uint64_t p = TurnoIniziale + 1; p <= ContatoreMosse; ++p) ComponiMossa(p);
-  if (PartitaAggiudicata()) ComponiEsito();
-  ComponiOrologio(o);
+  ComponiCadenza(s.cadenza);
+  for (uint64_t p = TurnoIniziale + 1; p <= s.semimosse; ++p) ComponiMossa(p);
+  if (s.esito.result[0] != '*') ComponiEsito(s.esito);
+  ComponiOrologio(s);
 }
 
-// The records of what changed; false when they do not fit (the whole
-// journal is written instead).
-bool ComponiDifferenze(const StatoOrologio& o) {
+// The records that take the journal from `prima` to `dopo`; false when they
+// do not fit (the whole journal is written instead).
+bool ComponiDifferenze(const StatoDaScrivere& prima, const StatoDaScrivere& dopo) {
   testo.Svuota();
-  if (CadenzaCambiata()) ComponiCadenza();
-  const uint64_t comuni = MossePrimaDellaDifferenza();
-  for (uint64_t p = scritto.semimosse; p > comuni; --p) {
+  if (!(prima.cadenza == dopo.cadenza)) ComponiCadenza(dopo.cadenza);
+  const uint64_t comuni = MossePrimaDellaDifferenza(prima, dopo);
+  for (uint64_t p = prima.semimosse; p > comuni; --p) {
     testo.Inizia('R');
     testo.Campo(int64_t(p - 1));
     testo.Termina();
   }
-  for (uint64_t p = comuni + 1; p <= ContatoreMosse; ++p) ComponiMossa(p);
-  if (EsitoCambiato()) ComponiEsito();
-  if (OrologioCambiato(o)) ComponiOrologio(o);
+  for (uint64_t p = comuni + 1; p <= dopo.semimosse; ++p) ComponiMossa(p);
+  if (!(prima.esito == dopo.esito)) ComponiEsito(dopo.esito);
+  if (OrologioCambiato(prima, dopo)) ComponiOrologio(dopo);
   return !testo.pieno;
 }
 
@@ -285,13 +269,13 @@ bool GiornaleAttivo() { return attivo; }
 void AggiornaGiornale(bool avviso) {
   if (!attivo || in_corso) return;
   in_corso = true;
-  const StatoOrologio o = OrologioAdesso();
-  const bool nuova_partita = scritto.partita != PartiteIniziate;
+  Fotografa(adesso);
+  const bool nuova_partita = scritto.partita != adesso.partita;
   if (nuova_partita) avvisato = avviso_dovuto = false;
 
   bool riuscito = true;
-  if (da_riscrivere || nuova_partita || !ComponiDifferenze(o)) {
-    ComponiTutto(o);
+  if (da_riscrivere || nuova_partita || !ComponiDifferenze(scritto, adesso)) {
+    ComponiTutto(adesso);
     riuscito =
         !testo.pieno && piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.usati);
   } else if (testo.usati > 0) {
@@ -301,10 +285,10 @@ void AggiornaGiornale(bool avviso) {
   // follow it. What was written stays remembered only once it is whole.
   if (riuscito) {
     da_riscrivere = false;
-    Ricorda(o);
+    scritto = adesso;
   } else {
     da_riscrivere = true;
-    scritto.partita = PartiteIniziate;
+    scritto.partita = adesso.partita;
     if (!avvisato) avviso_dovuto = true;
   }
   if (avviso && avviso_dovuto) {
@@ -597,33 +581,20 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
     case 'M': {
       if (r.semimossa != ply + 1) return false;
       if (!gioca_) break;
-      if (PartitaCompleta()) return false;
-      const int8_t promossa = r.promozione < 0 ? VALORE_SCONOSCIUTO : r.promozione;
-      DettagliMossa = {VALORE_SCONOSCIUTO, promossa,     r.colonna[0],
-                       r.riga[0],          r.colonna[1], r.riga[1]};
-      const uint64_t trovata = TrovaMossaCompatibile();
-      const uint32_t promozione = r.promozione < 0 ? NESSUN_PEZZO : uint32_t(r.promozione);
-      if (!trovata || TipoPromozioneMossa[TipoMossa(trovata)] != promozione) return false;
-      const uint64_t mossa = FaiMossaInComando();
-      if (mossa != trovata) return false;
-      // The notation's own checks run on DettagliMossa; what they leave
-      // there does not matter here.
-      const uint32_t ripetizioni = Ripetizioni;
-      const uint32_t ripetute[2] = {PosizioneRipetuta[0], PosizioneRipetuta[1]};
-      AnnotaMossa(mossa, Annotazione::InSilenzio);
+      const StatoAggiudicazione esito = FotografiaAggiudicazione();
+      const StatoRipetizioni ripetizioni = FotografiaRipetizioni();
+      const uint64_t mossa =
+          FaiMossaDaCase(r.colonna[0], r.riga[0], r.colonna[1], r.riga[1], r.promozione);
+      if (!mossa) return false;
+      // The same decisions as when it was played; what the arbiter answered
+      // follows in the journal's own records.
+      const EsitoMossa annotata = AnnotaMossa(mossa);
+      if (annotata.domanda == DomandaAllArbitro::CinquantaMosse) RifiutaCinquantaMosse(annotata);
       if (std::strcmp(ElencoStringaMossa[ContatoreMosse], r.testo) != 0) {
         // Not the move that was written: back to the last good record.
-        char result[8], termination[64], commento[64];
-        CopiaLimitata(result, sizeof result, Result);
-        CopiaLimitata(termination, sizeof termination, Termination);
-        CopiaLimitata(commento, sizeof commento, CommentoRisultato);
         RitiraUltimaMossa();
-        CopiaLimitata(Result, sizeof Result, result);
-        CopiaLimitata(Termination, sizeof Termination, termination);
-        CopiaLimitata(CommentoRisultato, sizeof CommentoRisultato, commento);
-        Ripetizioni = ripetizioni;
-        PosizioneRipetuta[0] = ripetute[0];
-        PosizioneRipetuta[1] = ripetute[1];
+        RipristinaAggiudicazione(esito);
+        RipristinaRipetizioni(ripetizioni);
         return false;
       }
       break;
@@ -653,16 +624,19 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       ImpostaCadenzaPartita({p[0], p[1], p[2], p[3], p[4], p[5]});
       break;
     }
-    case 'T':
+    case 'T': {
       if (!gioca_) break;
-      // Taken up again with the clock stopped.
-      InMoto = 0;
-      TempoRimasto[0] = r.tempo[0];
-      TempoRimasto[1] = r.tempo[1];
-      PrimaVoltaInMoto = r.prima_volta;
-      CopiaLimitata(DataUTC, sizeof DataUTC, r.data);
-      CopiaLimitata(OraUTC, sizeof OraUTC, r.ora);
+      // Taken up again with the clock stopped; what is shown stays as it is.
+      StatoOrologio orologio = FotografiaOrologio();
+      orologio.in_moto = 0;
+      orologio.tempo[0] = r.tempo[0];
+      orologio.tempo[1] = r.tempo[1];
+      orologio.prima_volta = r.prima_volta;
+      CopiaLimitata(orologio.data, sizeof orologio.data, r.data);
+      CopiaLimitata(orologio.ora, sizeof orologio.ora, r.ora);
+      RipristinaOrologio(orologio);
       break;
+    }
     default:
       break;
   }

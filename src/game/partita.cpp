@@ -9,11 +9,10 @@
 #include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
 #include "moves/genera.h"
+#include "moves/legali.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
 #include "piattaforma/piattaforma.h"
-
-using namespace piattaforma::win32;
 
 char ElencoStringaMossa[MAX_SEMIMOSSE][LUNGHEZZA_STRINGA_MOSSA];
 RecordDettagliMossa DettagliMossa;
@@ -83,22 +82,22 @@ struct TestoMossa {
 };
 
 // How much of the origin the record must show, left in DettagliMossa; the
-// legal list still holds the moves of the position before the move.
-void Disambigua(uint64_t mossa, int8_t pezzo) {
+// legal list still holds the moves of the position before the move. False
+// when not even the whole origin makes it unique.
+bool Disambigua(uint64_t mossa, int8_t pezzo) {
   const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
   RecordDettagliMossa& dm = DettagliMossa;
   dm = {pezzo, S, S, S, Colonna(d), Riga(d)};
-  if (TrovaMossaCompatibile()) return;
+  if (TrovaMossaCompatibile()) return true;
   dm.ColonnaPartenza = Colonna(o);
-  if (TrovaMossaCompatibile()) return;
+  if (TrovaMossaCompatibile()) return true;
   dm.ColonnaPartenza = S;
   dm.RigaPartenza = Riga(o);
-  if (TrovaMossaCompatibile()) return;
+  if (TrovaMossaCompatibile()) return true;
   // The full origin alone: the piece letter is left out, and so it stays.
   dm.ColonnaPartenza = Colonna(o);
   dm.TipoPezzo = S;
-  if (TrovaMossaCompatibile()) return;
-  Avvisa("Errore in disambigua mossa pezzo!");
+  return TrovaMossaCompatibile() != 0;
 }
 
 // "1.Nf3": the full-move number of ply p and its text.
@@ -267,24 +266,7 @@ uint64_t TrovaMossaCompatibile() {
   return quante == 1 ? trovata : 0;
 }
 
-void GeneraMosseLegali() {
-  const Colore lato = AlTratto();
-  FineMosseGenerate = genera_mosse_del[lato](BufferMosseGenerate);
-  // The unmakes below, a later take-back and the repetition scan read these.
-  SalvaParolePosizione();
-  uint64_t* p = BufferMosseGenerate;
-  while (p < FineMosseGenerate) {
-    const uint64_t mossa = *p;
-    if (fai_mossa[lato][TipoMossa(mossa)](mossa)) {
-      const uint64_t fatta = ElencoMosse[ContatoreMosse];
-      ritira_mossa[lato][TipoMossa(fatta)](fatta);
-      ++p;
-    } else {
-      // The last candidate takes the refused one's place and is looked at next.
-      *p = *--FineMosseGenerate;
-    }
-  }
-}
+void GeneraMosseLegali() { FiltraMosseLegali(); }
 
 bool PartitaCompleta() { return ContatoreMosse >= ULTIMA_SEMIMOSSA; }
 
@@ -319,8 +301,8 @@ uint64_t FaiMossaInComando() {
 // ---------------------------------------------------------------------------
 // Notation and the end of the game.
 
-void AnnotaMossa(uint64_t mossa, Annotazione modo) {
-  const bool domande = modo == Annotazione::ConDomande;
+EsitoMossa AnnotaMossa(uint64_t mossa) {
+  EsitoMossa esito{mossa, false, FineDellaPartita::Nessuna, DomandaAllArbitro::Nessuna, false};
   const uint64_t n = ContatoreMosse;
   TestoMossa testo{ElencoStringaMossa[n]};
   testo.testo[0] = 0;
@@ -343,7 +325,7 @@ void AnnotaMossa(uint64_t mossa, Annotazione modo) {
       testo.Aggiungi('K');
       if (tipo > PEDONE_CATTURA) testo.Aggiungi('x');
     } else {
-      Disambigua(mossa, int8_t(pezzo));
+      esito.disambigua_fallita = !Disambigua(mossa, int8_t(pezzo));
       const RecordDettagliMossa& dm = DettagliMossa;
       if (Noto(dm.TipoPezzo)) testo.Aggiungi(CaratteriUtili[dm.TipoPezzo + INDICE_LETTERA_PEZZO]);
       if (Noto(dm.ColonnaPartenza)) testo.Aggiungi(CarattereColonna[dm.ColonnaPartenza]);
@@ -362,43 +344,57 @@ void AnnotaMossa(uint64_t mossa, Annotazione modo) {
 
   // A check held only in the second checker field (a discovered check, the
   // rook of a castling) counts as well: the whole word is compared.
-  const bool scacco = InfoPosizione < NESSUNO_SCACCO;
+  esito.scacco = InfoPosizione < NESSUNO_SCACCO;
 
   if (FineMosseGenerate == BufferMosseGenerate) {
-    if (scacco) testo.Aggiungi('#');
-    if (!domande) return;
-    if (scacco)
+    if (esito.scacco) {
+      testo.Aggiungi('#');
       Aggiudica("Checkmate", "scaccomatto", StringaSconfitta[n & 1]);
-    else
+      esito.fine = FineDellaPartita::Scaccomatto;
+    } else {
       Aggiudica("stalemate", "stallo", PATTA);
-    avisa_aggiudicazione();
-    return;
+      esito.fine = FineDellaPartita::Stallo;
+    }
+    return esito;
   }
 
-  if (scacco) testo.Aggiungi('+');
+  if (esito.scacco) testo.Aggiungi('+');
 
   if (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) {
-    if (!domande) return;
     Aggiudica("insufficient material", "materiale insufficente", PATTA);
-    avisa_aggiudicazione();
-    return;
+    esito.fine = FineDellaPartita::MaterialeInsufficiente;
+    return esito;
   }
 
   // Exactly 100: a declined claim is not offered again at 101.
-  if (Semimosse(InfoPosizione) == 100 && domande) {
-    if (Domanda("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO) == IDYES) {
-      Aggiudica("Fifty-move rule", "regola delle 50 mosse", PATTA);
-      return;
-    }
+  if (Semimosse(InfoPosizione) == 100) {
+    esito.domanda = DomandaAllArbitro::CinquantaMosse;
+    return esito;
   }
+  return RifiutaCinquantaMosse(esito);
+}
 
+void AccettaCinquantaMosse() { Aggiudica("Fifty-move rule", "regola delle 50 mosse", PATTA); }
+
+EsitoMossa RifiutaCinquantaMosse(EsitoMossa esito) {
   ScansionaRipetizioni();
-  if (Ripetizioni == 2 && domande) {
-    // The question informs: either answer adjudicates, only a box that
-    // could not be shown leaves the game open.
-    if (Domanda("Triplice ripetizione: aggiudicare la patta?", MB_YESNO) != 0)
-      Aggiudica("threefold repetition", "triplice ripetizione", PATTA);
-  }
+  esito.domanda =
+      Ripetizioni == 2 ? DomandaAllArbitro::TripliceRipetizione : DomandaAllArbitro::Nessuna;
+  return esito;
+}
+
+void AggiudicaTriplice() { Aggiudica("threefold repetition", "triplice ripetizione", PATTA); }
+
+uint64_t FaiMossaDaCase(int8_t colonna_da, int8_t riga_da, int8_t colonna_a, int8_t riga_a,
+                        int8_t promozione) {
+  if (PartitaCompleta()) return 0;
+  DettagliMossa = {S, promozione < 0 ? S : promozione, colonna_da, riga_da, colonna_a, riga_a};
+  const uint64_t trovata = TrovaMossaCompatibile();
+  const uint32_t promossa = promozione < 0 ? NESSUN_PEZZO : uint32_t(promozione);
+  // An unstated promotion would also find a queen's: the kind must be the one given.
+  if (!trovata || TipoPromozioneMossa[TipoMossa(trovata)] != promossa) return 0;
+  const uint64_t mossa = FaiMossaInComando();
+  return mossa == trovata ? mossa : 0;
 }
 
 // ---------------------------------------------------------------------------
@@ -490,6 +486,16 @@ void AzzeraPartita() {
   Ripetizioni = 0;
   PosizioneRipetuta[0] = PosizioneRipetuta[1] = 0;
   GeneraMosseLegali();
+}
+
+StatoRipetizioni FotografiaRipetizioni() {
+  return {Ripetizioni, {PosizioneRipetuta[0], PosizioneRipetuta[1]}};
+}
+
+void RipristinaRipetizioni(const StatoRipetizioni& stato) {
+  Ripetizioni = stato.ripetizioni;
+  PosizioneRipetuta[0] = stato.posizione[0];
+  PosizioneRipetuta[1] = stato.posizione[1];
 }
 
 // ---------------------------------------------------------------------------

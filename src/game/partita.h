@@ -40,13 +40,37 @@ void GeneraMosseLegali();
 // Plays the move DettagliMossa describes (pressing the clock when it runs);
 // its word, or 0 when no single legal move matches.
 uint64_t FaiMossaInComando();
+// What a move played brought about, for the console to show and say: the
+// record's text is ElencoStringaMossa[ContatoreMosse].
+enum class FineDellaPartita : uint8_t { Nessuna, Scaccomatto, Stallo, MaterialeInsufficiente };
+enum class DomandaAllArbitro : uint8_t { Nessuna, CinquantaMosse, TripliceRipetizione };
+struct EsitoMossa {
+  uint64_t mossa;             // the move word
+  bool scacco;                // the side to move is in check (mated too)
+  FineDellaPartita fine;      // already adjudicated, the clock stopped
+  DomandaAllArbitro domanda;  // what the arbiter must answer now
+  bool disambigua_fallita;    // no origin made the text unique: written anyway
+};
 // Writes the move just played into ElencoStringaMossa, regenerates the legal
-// moves, and looks for the end of the game (adjudicating, noticing, asking).
-// Quietly (a game rebuilt from its journal) the record, the legal moves and
-// the repetitions come out the same, but nothing is adjudicated, noticed or
-// asked: the journal says what the arbiter decided.
-enum class Annotazione { ConDomande, InSilenzio };
-void AnnotaMossa(uint64_t mossa, Annotazione modo = Annotazione::ConDomande);
+// moves, and looks for the end of the game: mate, stalemate and
+// insufficient material are adjudicated here; the fifty-move rule and the
+// threefold repetition are questions for the arbiter. At the fifty-move
+// question the repetition scan waits for the answer.
+EsitoMossa AnnotaMossa(uint64_t mossa);
+// The arbiter's answers. Accepting the fifty-move draw adjudicates it and
+// no repetition is looked for; refusing it lets the scan run, which may
+// bring the threefold question.
+void AccettaCinquantaMosse();
+EsitoMossa RifiutaCinquantaMosse(EsitoMossa esito);
+// The threefold question informs: any answer from a box that opened
+// adjudicates the draw.
+void AggiudicaTriplice();
+
+// A move given by its squares (rows from rank 8) and promotion kind (-1 for
+// none), as the journal keeps it: found in the legal list and played
+// through the road of a typed one. 0 when no such legal move exists.
+uint64_t FaiMossaDaCase(int8_t colonna_da, int8_t riga_da, int8_t colonna_a, int8_t riga_a,
+                        int8_t promozione);
 
 // Repetitions of the current position: how many earlier occurrences the last
 // scan found (0..2), and their plies, the most recent first; the ply
@@ -82,6 +106,16 @@ int RitiraUltimaMossa();
 // The record of a new game, after the position has been loaded: no
 // repetitions, the legal moves and the keys of the first ply.
 void AzzeraPartita();
+
+// The last repetition scan as one value: a take-back leaves it, and a move
+// that has to be taken back again (the journal's) gives it back.
+struct StatoRipetizioni {
+  uint32_t ripetizioni;
+  uint32_t posizione[2];
+  bool operator==(const StatoRipetizioni&) const = default;
+};
+StatoRipetizioni FotografiaRipetizioni();
+void RipristinaRipetizioni(const StatoRipetizioni& stato);
 // Games begun since the program started (AzzeraPartita counts them): the
 // journal starts a fresh file when it changes.
 extern uint32_t PartiteIniziate;

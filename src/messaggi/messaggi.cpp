@@ -1,5 +1,6 @@
 #include "messaggi/messaggi.h"
 
+#include "messaggi/toni.h"
 #include "piattaforma/piattaforma.h"
 
 using namespace piattaforma::win32;
@@ -59,4 +60,9 @@ int Domanda(const char* testo, unsigned stile) {
   const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
   if (DopoFinestra) DopoFinestra();
   return risposta;
+}
+
+void Suona(Tono tono) {
+  const SuonoDelTono suono = SuonoDi(tono);
+  piattaforma::Suona(suono.frequenza, suono.durata);
 }

@@ -69,6 +69,11 @@ void Accoda(TestoIni& testo, const char* formato, ...) {
 
 }  // namespace
 
+void ImpostaParametro(int riga, int32_t valore) {
+  if (riga < 0 || riga >= NUMERO_PARAMETRI) return;
+  ParametroIni[riga].valore = valore;
+}
+
 void DefaultIni() {
   for (RigaIni& riga : ParametroIni) riga.valore = riga.valore_default;
 }

@@ -31,6 +31,9 @@ extern RigaIni ParametroIni[NUMERO_PARAMETRI];
 
 // The current value of a row.
 inline int32_t Parametro(int riga) { return ParametroIni[riga].valore; }
+// A new current value for a row, in its range (the caller checked it);
+// the file is written apart, by ScriviIni.
+void ImpostaParametro(int riga, int32_t valore);
 
 extern const char* const NomeFileIni;  // "pendrino.ini"
 

@@ -28,9 +28,6 @@ constexpr unsigned DOMANDA = MB_YESNO;
 constexpr unsigned AVVISO = MB_OK | MB_ICONINFORMATION;
 constexpr int MINUTO = 60000;
 
-int Ridisegni = 0;
-void ContaRidisegno() { ++Ridisegni; }
-
 // The clock redraws its state line once when it stops; nothing else in these
 // tests starts or stops it.
 int ChiamateFermaOrologio = 0;
@@ -47,14 +44,9 @@ class Aggiudicazione : public ::testing::Test {
     ChiamateFermaOrologio = 0;
     SchermoDellOrologio = {};
     SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
-    Ridisegni = 0;
-    SchermoDellaPartita.mossa_corrente = ContaRidisegno;
     Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
   }
-  void TearDown() override {
-    SchermoDellaPartita.mossa_corrente = nullptr;
-    SchermoDellOrologio = {};
-  }
+  void TearDown() override { SchermoDellOrologio = {}; }
 
   static void Carica(const char* fen) {
     SvuotaScacchiera();
@@ -94,9 +86,6 @@ TEST_F(Aggiudicazione, AllAvvioLaPartitaEAperta) {
 TEST_F(Aggiudicazione, StringheFisse) {
   EXPECT_STREQ(StringaSconfitta[BIANCO], "0-1");
   EXPECT_STREQ(StringaSconfitta[NERO], "1-0");
-  EXPECT_STREQ(TestoAbbandona[BIANCO], "Il bianco abbandona, aggiudicare la partita (0-1)");
-  EXPECT_STREQ(TestoAbbandona[NERO], "Il nero abbandona, aggiudicare la partita (1-0)");
-  EXPECT_STREQ(TestoPattaDaccordo, "Patta d'accordo, aggiudicare la partita (1/2-1/2)");
 }
 
 TEST_F(Aggiudicazione, AggiudicaCopiaITreTesti) {
@@ -136,46 +125,6 @@ TEST_F(Aggiudicazione, LaRevocaRiapreEsattamente) {
   EXPECT_EQ(Result[1], 0);
   EXPECT_EQ(Termination[1], 0);
   EXPECT_EQ(ChiamateFermaOrologio, 0);
-}
-
-TEST_F(Aggiudicazione, AvvisoDellAggiudicazione) {
-  Aggiudica("checkmate", "scaccomatto", "1-0");
-  avisa_aggiudicazione();
-  UnaFinestra("scaccomatto, partita aggiudicata ( 1-0 ).", AVVISO);
-}
-
-// ---------------------------------------------------------------------------
-// The revocation questions: the callers revoke, the questions only ask.
-
-TEST_F(Aggiudicazione, DomandaRevocaPerModificare) {
-  Aggiudica("By agreement", "Patta d'accordo", "1/2-1/2");
-  memoria::AccodaRisposta(IDYES);
-  EXPECT_EQ(dom_AggiudicataModificaCMQ(), IDYES);
-  UnaFinestra(
-      "Patta d'accordo, partita aggiudicata ( 1/2-1/2 ).\n"
-      "Revocare l'aggiudicazione e modificare la partita comunque?",
-      DOMANDA);
-  StatoE("1/2-1/2", "By agreement", "Patta d'accordo");
-}
-
-TEST_F(Aggiudicazione, DomandaRevocaPerMettereInMoto) {
-  Aggiudica("Abandoned", "Il nero abbandona", "1-0");
-  memoria::AccodaRisposta(IDNO);
-  EXPECT_EQ(dom_AggiudicataInMotoCMQ(), IDNO);
-  UnaFinestra(
-      "Il nero abbandona, partita aggiudicata ( 1-0 ).\n"
-      "Revocare l'aggiudicazione ed impostare comunque l'orologio in moto?",
-      DOMANDA);
-  StatoE("1-0", "Abandoned", "Il nero abbandona");
-}
-
-TEST_F(Aggiudicazione, LeDomandeDiRevocaRestituisconoAncheUnaFinestraFallita) {
-  Aggiudica("checkmate", "scaccomatto", "0-1");
-  memoria::AccodaRisposta(0);
-  memoria::AccodaRisposta(-1);
-  EXPECT_EQ(dom_AggiudicataModificaCMQ(), 0);
-  EXPECT_EQ(dom_AggiudicataInMotoCMQ(), -1);
-  StatoE("0-1", "checkmate", "scaccomatto");
 }
 
 // ---------------------------------------------------------------------------
@@ -256,271 +205,54 @@ TEST_F(Aggiudicazione, AlfiereControPedoneOCavalloVince) {
 }
 
 // ---------------------------------------------------------------------------
-// The flag-fall questions.
+// What a fallen flag leaves to decide, and the adjudications agreed to.
 
-TEST_F(Aggiudicazione, DomandaSconfittaPerTempo) {
-  memoria::AccodaRisposta(IDYES);
-  EXPECT_EQ(dom_AggiudicaPerTempo(BIANCO), IDYES);
-  UnaFinestra("al bianco e' finito il tempo: Aggiudicare la partita ( 0-1 )?", DOMANDA);
-  memoria::Azzera();
-  EXPECT_EQ(dom_AggiudicaPerTempo(NERO), IDNO);
-  UnaFinestra("al nero e' finito il tempo: Aggiudicare la partita ( 1-0 )?", DOMANDA);
-  Aperta();
-}
-
-TEST_F(Aggiudicazione, DomandaPattaPerTempo) {
-  memoria::AccodaRisposta(IDYES);
-  EXPECT_EQ(dom_AggiudicaPattaPerTempo(BIANCO), IDYES);
-  UnaFinestra(
-      "al bianco e' finito il tempo, il nero non puo' vincere.\n"
-      "Aggiudicare la partita ( 1/2-1/2 )?",
-      DOMANDA);
-  memoria::Azzera();
-  memoria::AccodaRisposta(-1);
-  EXPECT_EQ(dom_AggiudicaPattaPerTempo(NERO), -1);
-  UnaFinestra(
-      "al nero e' finito il tempo, il bianco non puo' vincere.\n"
-      "Aggiudicare la partita ( 1/2-1/2 )?",
-      DOMANDA);
-  Aperta();
-}
-
-// ---------------------------------------------------------------------------
-// The flag fall.
-
-constexpr const char* PATTA_BIANCO =
-    "al bianco e' finito il tempo, il nero non puo' vincere.\n"
-    "Aggiudicare la partita ( 1/2-1/2 )?";
-constexpr const char* PERSA_BIANCO =
-    "al bianco e' finito il tempo: Aggiudicare la partita ( 0-1 )?";
-constexpr const char* PERSA_NERO = "al nero e' finito il tempo: Aggiudicare la partita ( 1-0 )?";
-constexpr const char* ENTRAMBI =
-    "Ad entrambi i giocatori e' finito il tempo.\nAggiudicare la partita patta?";
-
-TEST_F(Aggiudicazione, BandierinaSuonaDueVolte) {
-  CadutaBandierina(BIANCO);
-  ToniSono({{1000, 100}, {1000, 100}});
-}
-
-TEST_F(Aggiudicazione, BandierinaDelBiancoControReNudoChiedeLaPatta) {
-  Carica("4k3/8/8/8/8/8/8/3QK3 w - - 0 1");
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(BIANCO);
-  ToniSono({{1000, 100}, {1000, 100}});
-  UnaFinestra(PATTA_BIANCO, DOMANDA);
-  StatoE("1/2-1/2", "time forfeit", "al bianco e' finito il tempo");
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, BandierinaPattaRifiutataLasciaTutto) {
-  InMoto = 1;
-  memoria::AccodaRisposta(IDNO);
-  CadutaBandierina(BIANCO);
-  UnaFinestra(PATTA_BIANCO, DOMANDA);
-  Aperta();
-  EXPECT_EQ(Ridisegni, 0);
-  EXPECT_EQ(ChiamateFermaOrologio, 0);
-  EXPECT_EQ(InMoto, 1u);
-}
-
-TEST_F(Aggiudicazione, BandierinaPattaConFinestraFallitaAggiudica) {
-  for (int risposta : {0, -1}) {
-    memoria::Azzera();
-    RevocaAggiudicazione();
-    memoria::AccodaRisposta(risposta);
-    CadutaBandierina(BIANCO);
-    UnaFinestra(PATTA_BIANCO, DOMANDA);
-    StatoE("1/2-1/2", "time forfeit", "al bianco e' finito il tempo");
-  }
-  EXPECT_EQ(Ridisegni, 2);
-}
-
-TEST_F(Aggiudicazione, BandierinaDelNeroControReNudoChiedeLaPatta) {
-  Carica("3qk3/8/8/8/8/8/8/4K3 b - - 0 1");
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(NERO);
-  UnaFinestra(
-      "al nero e' finito il tempo, il bianco non puo' vincere.\n"
-      "Aggiudicare la partita ( 1/2-1/2 )?",
-      DOMANDA);
-  StatoE("1/2-1/2", "time forfeit", "al nero e' finito il tempo");
-}
-
-TEST_F(Aggiudicazione, BandierinaDelBiancoConIlNeroCheVinceAssegnaLaSconfitta) {
+TEST_F(Aggiudicazione, LaCadutaValutaIlMaterialeEIlTempoDellAltro) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(BIANCO);
-  // The flag's two tones, then the clock's as it stops.
-  ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
-  UnaFinestra(PERSA_BIANCO, DOMANDA);
-  StatoE("0-1", "time forfeit", "al bianco e' finito il tempo");
-  EXPECT_EQ(ChiamateFermaOrologio, 1);
-  EXPECT_EQ(InMoto, 0u);
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, BandierinaDelNeroConIlBiancoCheVinceAssegnaLaSconfitta) {
-  Carica("4k3/8/8/8/8/8/8/R3K3 b - - 0 1");
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(NERO);
-  UnaFinestra(PERSA_NERO, DOMANDA);
-  StatoE("1-0", "time forfeit", "al nero e' finito il tempo");
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, LaSconfittaPerTempoSoloSuSi) {
-  Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
-  for (int risposta : {IDNO, 0, -1}) {
-    memoria::Azzera();
-    memoria::AccodaRisposta(risposta);
-    CadutaBandierina(BIANCO);
-    UnaFinestra(PERSA_BIANCO, DOMANDA);
-    Aperta();
-  }
-  EXPECT_EQ(Ridisegni, 0);
-  EXPECT_EQ(ChiamateFermaOrologio, 0);
-  EXPECT_EQ(InMoto, 1u);
-}
-
-TEST_F(Aggiudicazione, BandierinaSenzaSchermoInstallato) {
-  SchermoDellaPartita.mossa_corrente = nullptr;
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(BIANCO);
-  StatoE("1/2-1/2", "time forfeit", "al bianco e' finito il tempo");
-}
-
-TEST_F(Aggiudicazione, EntrambeLeBandierineConTempoZero) {
-  TempoRimasto[NERO] = 0;
-  InMoto = 1;
-  memoria::AccodaRisposta(IDYES);
-  CadutaBandierina(BIANCO);
-  ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
-  UnaFinestra(ENTRAMBI, DOMANDA);
-  StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
-  EXPECT_EQ(ChiamateFermaOrologio, 1);
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, EntrambeLeBandierineConTempoNegativo) {
-  // Even with material that wins, the other's spent time decides.
-  Carica("4k3/8/8/8/8/8/8/R3K3 b - - 0 1");
-  TempoRimasto[BIANCO] = -500;
-  memoria::AccodaRisposta(0);
-  CadutaBandierina(NERO);
-  UnaFinestra(ENTRAMBI, DOMANDA);
-  StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
-}
-
-TEST_F(Aggiudicazione, EntrambeLeBandierineRifiutato) {
-  TempoRimasto[NERO] = -1;
-  InMoto = 1;
-  memoria::AccodaRisposta(IDNO);
-  CadutaBandierina(BIANCO);
-  UnaFinestra(ENTRAMBI, DOMANDA);
-  Aperta();
-  EXPECT_EQ(Ridisegni, 0);
-  EXPECT_EQ(InMoto, 1u);
-}
-
-TEST_F(Aggiudicazione, UnMillisecondoRimastoNonEEntrambe) {
+  EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
+  EXPECT_EQ(ValutaCaduta(NERO), DecisioneCaduta::Patta);
   TempoRimasto[NERO] = 1;
-  CadutaBandierina(BIANCO);
-  UnaFinestra(PATTA_BIANCO, DOMANDA);
+  EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
+  TempoRimasto[NERO] = 0;
+  EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
+  TempoRimasto[NERO] = -500;
+  EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
+  EXPECT_TRUE(memoria::Finestre().empty());
+  EXPECT_TRUE(memoria::Toni().empty());
 }
 
-// ---------------------------------------------------------------------------
-// Agreement and resignation.
-
-TEST_F(Aggiudicazione, PattaDaccordoSi) {
+TEST_F(Aggiudicazione, LeAggiudicazioniDellaCaduta) {
+  AggiudicaCaduta(BIANCO, DecisioneCaduta::Sconfitta);
+  StatoE("0-1", "time forfeit", "al bianco e' finito il tempo");
+  AggiudicaCaduta(NERO, DecisioneCaduta::Sconfitta);
+  StatoE("1-0", "time forfeit", "al nero e' finito il tempo");
+  AggiudicaCaduta(NERO, DecisioneCaduta::Patta);
+  StatoE("1/2-1/2", "time forfeit", "al nero e' finito il tempo");
   InMoto = 1;
-  memoria::AccodaRisposta(IDYES);
-  PattaDaccordo();
-  UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
-  StatoE("1/2-1/2", "By agreement", "Patta d'accordo");
-  EXPECT_EQ(ChiamateFermaOrologio, 1);
-  EXPECT_EQ(Ridisegni, 1);
-  ToniSono({{1000, 100}, {50000, 3}});  // only the clock's, as it stops
+  AggiudicaCaduta(BIANCO, DecisioneCaduta::EntrambeLeBandierine);
+  StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
+  EXPECT_EQ(InMoto, 0u);
+  EXPECT_TRUE(memoria::Finestre().empty());
 }
 
-TEST_F(Aggiudicazione, PattaDaccordoNo) {
-  InMoto = 1;
-  memoria::AccodaRisposta(IDNO);
-  PattaDaccordo();
-  UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
-  Aperta();
-  EXPECT_EQ(ChiamateFermaOrologio, 0);
-  EXPECT_EQ(InMoto, 1u);
-  EXPECT_EQ(Ridisegni, 0);
-}
-
-TEST_F(Aggiudicazione, PattaDaccordoConFinestraFallita) {
-  for (int risposta : {0, -1}) {
-    RevocaAggiudicazione();
-    memoria::AccodaRisposta(risposta);
-    PattaDaccordo();
-    StatoE("1/2-1/2", "By agreement", "Patta d'accordo");
-  }
-  EXPECT_EQ(Ridisegni, 2);
-}
-
-TEST_F(Aggiudicazione, AbbandonaIlBianco) {
-  InMoto = 1;
-  memoria::AccodaRisposta(IDYES);
-  Abbandona(BIANCO);
-  UnaFinestra("Il bianco abbandona, aggiudicare la partita (0-1)?", DOMANDA);
+TEST_F(Aggiudicazione, AbbandonoEPattaDaccordo) {
+  AggiudicaAbbandono(BIANCO);
   StatoE("0-1", "Abandoned", "Il bianco abbandona");
-  EXPECT_EQ(ChiamateFermaOrologio, 1);
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, AbbandonaIlNero) {
-  memoria::AccodaRisposta(IDYES);
-  Abbandona(NERO);
-  UnaFinestra("Il nero abbandona, aggiudicare la partita (1-0)?", DOMANDA);
+  AggiudicaAbbandono(NERO);
   StatoE("1-0", "Abandoned", "Il nero abbandona");
-  EXPECT_EQ(ChiamateFermaOrologio, 0);
-  EXPECT_EQ(Ridisegni, 1);
-}
-
-TEST_F(Aggiudicazione, AbbandonoRifiutato) {
-  InMoto = 1;
-  memoria::AccodaRisposta(IDNO);
-  Abbandona(NERO);
-  Aperta();
-  EXPECT_EQ(ChiamateFermaOrologio, 0);
-  EXPECT_EQ(InMoto, 1u);
-  EXPECT_EQ(Ridisegni, 0);
-}
-
-TEST_F(Aggiudicazione, AbbandonoConFinestraFallita) {
-  memoria::AccodaRisposta(0);
-  Abbandona(BIANCO);
-  StatoE("0-1", "Abandoned", "Il bianco abbandona");
-  memoria::AccodaRisposta(-1);
-  Abbandona(NERO);
-  StatoE("1-0", "Abandoned", "Il nero abbandona");
-}
-
-TEST_F(Aggiudicazione, UnaNuovaAggiudicazioneSovrascrive) {
-  Aggiudica("checkmate", "scaccomatto", "1-0");
-  memoria::AccodaRisposta(IDYES);
-  PattaDaccordo();
+  AggiudicaPattaDaccordo();
   StatoE("1/2-1/2", "By agreement", "Patta d'accordo");
-  memoria::AccodaRisposta(IDYES);
-  Abbandona(BIANCO);
-  StatoE("0-1", "Abandoned", "Il bianco abbandona");
+  EXPECT_TRUE(memoria::Finestre().empty());
 }
 
-TEST_F(Aggiudicazione, RifiutareSuPartitaAggiudicataLaLasciaCosi) {
-  Aggiudica("checkmate", "scaccomatto", "1-0");
-  memoria::AccodaRisposta(IDNO);
-  memoria::AccodaRisposta(IDNO);
-  PattaDaccordo();
-  Abbandona(NERO);
-  StatoE("1-0", "checkmate", "scaccomatto");
-  EXPECT_EQ(memoria::Finestre().size(), 2u);
+TEST_F(Aggiudicazione, FotografiaERipristino) {
+  Aggiudica("Abandoned", "Il nero abbandona", "1-0");
+  const StatoAggiudicazione prima = FotografiaAggiudicazione();
+  RevocaAggiudicazione();
+  EXPECT_FALSE(prima == FotografiaAggiudicazione());
+  RipristinaAggiudicazione(prima);
+  StatoE("1-0", "Abandoned", "Il nero abbandona");
+  EXPECT_EQ(FotografiaAggiudicazione(), prima);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "comune/arbitro.h"
 #include "comune/istantanea.h"
 #include "comune/partite_a_caso.h"
 #include "comune/tabelle.h"
@@ -59,13 +60,48 @@ inline uint64_t Cerca(const char* testo) {
   return TrovaMossaCompatibile();
 }
 
+// What the moves played brought about, in order, as the console is told:
+// the end adjudicated ("scaccomatto", "stallo", "materiale insufficente"),
+// the arbiter's questions ("cinquanta mosse", "triplice ripetizione"), and a
+// disambiguation that found no unique origin ("disambigua").
+inline std::vector<std::string> Esiti;
+// The arbiter's answer to the fifty-move question; the threefold question
+// adjudicates the draw whatever the answer.
+inline bool AccettaLeCinquantaMosse = false;
+
+// The move just played written in the record, and the arbiter's answers;
+// what the console would be told goes to Esiti.
+inline EsitoMossa Annota(uint64_t mossa) {
+  const EsitoMossa esito = AnnotaConArbitro(mossa, AccettaLeCinquantaMosse);
+  if (esito.disambigua_fallita) Esiti.push_back("disambigua");
+  switch (esito.fine) {
+    case FineDellaPartita::Scaccomatto:
+      Esiti.push_back("scaccomatto");
+      break;
+    case FineDellaPartita::Stallo:
+      Esiti.push_back("stallo");
+      break;
+    case FineDellaPartita::MaterialeInsufficiente:
+      Esiti.push_back("materiale insufficente");
+      break;
+    case FineDellaPartita::Nessuna:
+      break;
+  }
+  // A refused fifty-move draw leads on to the repetition scan.
+  if (Semimosse(InfoPosizione) == 100 && esito.fine == FineDellaPartita::Nessuna)
+    Esiti.push_back("cinquanta mosse");
+  if (esito.domanda == DomandaAllArbitro::TripliceRipetizione)
+    Esiti.push_back("triplice ripetizione");
+  return esito;
+}
+
 // The road of a typed move: read, found and played, written in the record.
 // The record's text, or "" when nothing was played.
 inline std::string Gioca(const char* testo) {
   if (!LeggiDettagliMossaDaComando(testo)) return "";
   const uint64_t mossa = FaiMossaInComando();
   if (!mossa) return "";
-  AnnotaMossa(mossa);
+  Annota(mossa);
   return ElencoStringaMossa[ContatoreMosse];
 }
 
@@ -98,8 +134,9 @@ class AmbientePartita : public ::testing::Test {
     memoria::Azzera();
     DopoFinestra = nullptr;
     SchermoDellOrologio = {};
-    SchermoDellaPartita = {};
     InMoto = 0;
+    Esiti.clear();
+    AccettaLeCinquantaMosse = false;
     RevocaAggiudicazione();
     Nuova(FenIniziale);
   }

@@ -69,9 +69,9 @@ TEST_F(Notazione, LErroreDiDisambiguaMostraIlMessaggioEScriveComunque) {
   const uint64_t mossa = FaiMossaInComando();
   ASSERT_EQ(mossa, Mossa(Casa("f3"), Casa("d4"), SPOSTA_CAVALLO));
   *FineMosseGenerate++ = mossa;
-  AnnotaMossa(mossa);
+  Annota(mossa);
   EXPECT_EQ(std::string(ElencoStringaMossa[1]), "f3d4");
-  EXPECT_EQ(Finestre(), std::vector<std::string>{Box("Errore in disambigua mossa pezzo!", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"disambigua"});
 }
 
 TEST_F(Notazione, PedoniCatturaEnPassantEPromozioni) {
@@ -138,8 +138,7 @@ TEST_F(Notazione, IlTestoResta0Terminato) {
 TEST_F(FinePartita, MattoDelNero) {
   EXPECT_EQ(GiocaRevocando({"f3", "e5", "g4", "Qh4"}), "f3 e5 g4 Qh4#");
   EXPECT_EQ(Stato(), "0-1 | Checkmate | scaccomatto");
-  EXPECT_EQ(Finestre(),
-            std::vector<std::string>{Box("scaccomatto, partita aggiudicata ( 0-1 ).", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"scaccomatto"});
   EXPECT_EQ(FineMosseGenerate, BufferMosseGenerate);
 }
 
@@ -147,8 +146,7 @@ TEST_F(FinePartita, MattoDelBianco) {
   EXPECT_EQ(GiocaRevocando({"e4", "e5", "Bc4", "Nc6", "Qh5", "Nf6", "Qf7"}),
             "e4 e5 Bc4 Nc6 Qh5 Nf6 Qxf7#");
   EXPECT_EQ(Stato(), "1-0 | Checkmate | scaccomatto");
-  EXPECT_EQ(Finestre(),
-            std::vector<std::string>{Box("scaccomatto, partita aggiudicata ( 1-0 ).", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"scaccomatto"});
 }
 
 TEST_F(FinePartita, MattoDiScopertaNelSecondoCampo) {
@@ -171,8 +169,7 @@ TEST_F(FinePartita, Stallo) {
   Nuova("7k/4Q3/6K1/8/8/8/8/8 w - - 0 1");
   EXPECT_EQ(Gioca("Qf7"), "Qf7");
   EXPECT_EQ(Stato(), "1/2-1/2 | stalemate | stallo");
-  EXPECT_EQ(Finestre(),
-            std::vector<std::string>{Box("stallo, partita aggiudicata ( 1/2-1/2 ).", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"stallo"});
 }
 
 TEST_F(FinePartita, MattoConLOrologioInMotoLoFerma) {
@@ -188,8 +185,7 @@ TEST_F(FinePartita, MaterialeInsufficienteAncheConScacco) {
   Nuova("4k3/8/3p4/8/4N3/8/8/4K3 w - - 0 1");
   EXPECT_EQ(Gioca("Nd6"), "Nxd6+");
   EXPECT_EQ(Stato(), "1/2-1/2 | insufficient material | materiale insufficente");
-  EXPECT_EQ(Finestre(), std::vector<std::string>{Box(
-                            "materiale insufficente, partita aggiudicata ( 1/2-1/2 ).", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"materiale insufficente"});
 }
 
 TEST_F(FinePartita, ReControReDopoUnaCatturaDelRe) {
@@ -202,7 +198,7 @@ TEST_F(FinePartita, AlfiereControReEPedoneNonEInsufficiente) {
   Nuova("4k3/8/3p4/8/8/8/8/4KB2 w - - 0 1");
   EXPECT_EQ(Gioca("Bb5"), "Bb5+");
   EXPECT_EQ(Stato(), "* | ? | ");
-  EXPECT_TRUE(memoria::Finestre().empty());
+  EXPECT_TRUE(Esiti.empty());
 }
 
 // ---------------------------------------------------------------------------
@@ -210,25 +206,23 @@ TEST_F(FinePartita, AlfiereControReEPedoneNonEInsufficiente) {
 
 TEST_F(FinePartita, CinquantaMosseAlCentesimoAccettata) {
   Nuova("4k3/8/8/8/8/8/8/R3K3 w - - 99 1");
-  memoria::AccodaRisposta(IDYES);
+  AccettaLeCinquantaMosse = true;
   EXPECT_EQ(Gioca("Ra2"), "Ra2");
   EXPECT_EQ(Semimosse(InfoPosizione), 100u);
-  EXPECT_EQ(Finestre(), std::vector<std::string>{
-                            Box("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"cinquanta mosse"});
   EXPECT_EQ(Stato(), "1/2-1/2 | Fifty-move rule | regola delle 50 mosse");
 }
 
 TEST_F(FinePartita, CinquantaMosseRifiutataNonVieneRichiestaA101) {
   Nuova("4k3/8/8/8/8/8/8/R3K3 w - - 98 1");
   EXPECT_EQ(Gioca("Ra2"), "Ra2");
-  EXPECT_TRUE(memoria::Finestre().empty()) << "99";
-  memoria::AccodaRisposta(IDNO);
+  EXPECT_TRUE(Esiti.empty()) << "99";
   EXPECT_EQ(Gioca("Ke7"), "Ke7");
-  EXPECT_EQ(Finestre().size(), 1u);
+  EXPECT_EQ(Esiti.size(), 1u);
   EXPECT_EQ(Stato(), "* | ? | ");
   EXPECT_EQ(Gioca("Rb2"), "Rb2");
   EXPECT_EQ(Semimosse(InfoPosizione), 101u);
-  EXPECT_EQ(Finestre().size(), 1u) << "101";
+  EXPECT_EQ(Esiti.size(), 1u) << "101";
   EXPECT_EQ(Stato(), "* | ? | ");
 }
 
@@ -236,28 +230,23 @@ TEST_F(FinePartita, IlMattoPrecedeLeCinquantaMosse) {
   Nuova("6k1/5ppp/8/8/8/8/8/R3K3 w - - 99 1");
   EXPECT_EQ(Gioca("Ra8"), "Ra8#");
   EXPECT_EQ(Stato(), "1-0 | Checkmate | scaccomatto");
-  EXPECT_EQ(Finestre(),
-            std::vector<std::string>{Box("scaccomatto, partita aggiudicata ( 1-0 ).", AVVISO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"scaccomatto"});
 }
 
 TEST_F(FinePartita, LeCinquantaMossePrecedonoLaRipetizione) {
   // The eighth ply brings the clock to 100 and the third occurrence at once.
   const std::vector<const char*> mosse = {"Ra2", "Ke7", "Ra1", "Ke8", "Ra2", "Ke7", "Ra1", "Ke8"};
   Nuova("4k3/8/8/8/8/8/8/R3K3 w - - 92 1");
-  memoria::AccodaRisposta(IDYES);
+  AccettaLeCinquantaMosse = true;
   EXPECT_EQ(GiocaRevocando(mosse), "Ra2 Ke7 Ra1 Ke8 Ra2 Ke7 Ra1 Ke8");
-  EXPECT_EQ(Finestre(), std::vector<std::string>{
-                            Box("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO)});
+  EXPECT_EQ(Esiti, std::vector<std::string>{"cinquanta mosse"});
   EXPECT_EQ(Stato(), "1/2-1/2 | Fifty-move rule | regola delle 50 mosse");
 
-  memoria::Azzera();
+  Esiti.clear();
   Nuova("4k3/8/8/8/8/8/8/R3K3 w - - 92 1");
-  memoria::AccodaRisposta(IDNO);
-  memoria::AccodaRisposta(IDNO);
+  AccettaLeCinquantaMosse = false;
   EXPECT_EQ(GiocaRevocando(mosse), "Ra2 Ke7 Ra1 Ke8 Ra2 Ke7 Ra1 Ke8");
-  EXPECT_EQ(Finestre(), (std::vector<std::string>{
-                            Box("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO),
-                            Box("Triplice ripetizione: aggiudicare la patta?", MB_YESNO)}));
+  EXPECT_EQ(Esiti, (std::vector<std::string>{"cinquanta mosse", "triplice ripetizione"}));
   EXPECT_EQ(Stato(), "1/2-1/2 | threefold repetition | triplice ripetizione");
 }
 

@@ -71,8 +71,8 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
     EXPECT_EQ(LeggiDettagliMossaDaComando(coordinate.c_str()), 1) << coordinate;
     EXPECT_EQ(FaiMossaInComando(), mossa) << coordinate;
     if (ContatoreMosse != n + 1) return false;
-    const size_t finestre_prima = memoria::Finestre().size();
-    AnnotaMossa(mossa);
+    const size_t esiti_prima = Esiti.size();
+    Annota(mossa);
     const std::string scritta = ElencoStringaMossa[n + 1];
 
     // What must have followed.
@@ -86,23 +86,19 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
       attesa += scacco ? "#" : "";
       stato = scacco ? std::string(StringaSconfitta[AlTratto()]) + " | Checkmate | scaccomatto"
                      : "1/2-1/2 | stalemate | stallo";
-      finestre.push_back(Box((scacco ? std::string("scaccomatto, partita aggiudicata ( ") +
-                                           StringaSconfitta[AlTratto()]
-                                     : std::string("stallo, partita aggiudicata ( 1/2-1/2")) +
-                                 " ).",
-                             AVVISO));
+      finestre.push_back(scacco ? "scaccomatto" : "stallo");
       finale = scacco ? MATTO : STALLO;
     } else {
       attesa += scacco ? "+" : "";
       if (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) {
         stato = "1/2-1/2 | insufficient material | materiale insufficente";
-        finestre.push_back(Box("materiale insufficente, partita aggiudicata ( 1/2-1/2 ).", AVVISO));
+        finestre.push_back("materiale insufficente");
         finale = MATERIALE;
       } else {
-        // The claims are declined (the boxes' own answer), the repetition
-        // is adjudicated all the same.
+        // The claims are declined, the repetition is adjudicated all the
+        // same.
         if (Semimosse(InfoPosizione) == 100) {
-          finestre.push_back(Box("Aggiudicare la patta per la regola delle 50 mosse?", MB_YESNO));
+          finestre.push_back("cinquanta mosse");
           ++finali[CINQUANTA];
         }
         // A stopped half-move clock: the scan must still find everything.
@@ -110,7 +106,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
         const int occorrenze = Occorrenze();
         EXPECT_EQ(Ripetizioni, uint32_t(std::min(occorrenze, 2)));
         if (occorrenze >= 2) {
-          finestre.push_back(Box("Triplice ripetizione: aggiudicare la patta?", MB_YESNO));
+          finestre.push_back("triplice ripetizione");
           stato = "1/2-1/2 | threefold repetition | triplice ripetizione";
           finale = TRIPLICE;
         }
@@ -118,8 +114,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
     }
     EXPECT_EQ(scritta, attesa) << "ply " << n + 1;
     EXPECT_EQ(Stato(), stato) << "ply " << n + 1 << " " << scritta;
-    const std::vector<std::string> tutte = Finestre();
-    EXPECT_EQ(std::vector<std::string>(tutte.begin() + long(finestre_prima), tutte.end()), finestre)
+    EXPECT_EQ(std::vector<std::string>(Esiti.begin() + long(esiti_prima), Esiti.end()), finestre)
         << "ply " << n + 1 << " " << scritta;
     // Not the whole key: queen-side castling keeps the rights' keys in it.
     EXPECT_EQ(CalcolaHashPedoni(), HashPedoni);
@@ -137,7 +132,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
     EXPECT_EQ(LeggiDettagliMossaDaComando(scritta.c_str()), 1) << scritta;
     EXPECT_EQ(FaiMossaInComando(), mossa) << scritta << " " << coordinate;
     if (ContatoreMosse != n + 1) return false;
-    AnnotaMossa(mossa);
+    AnnotaConArbitro(mossa);
     EXPECT_EQ(std::string(ElencoStringaMossa[n + 1]), scritta);
     const Istantanea rifatta = Fotografa();
     EXPECT_EQ(rifatta, dopo.posizione) << Differenze(dopo.posizione, rifatta);

@@ -13,8 +13,6 @@ namespace {
 
 class Ripetizione : public AmbientePartita {};
 
-const std::string TRIPLICE = "Triplice ripetizione: aggiudicare la patta?";
-
 TEST_F(Ripetizione, Testi) {
   EXPECT_STREQ(StringaRipetizioni[0], "non si e' mai verificata prima");
   EXPECT_STREQ(StringaRipetizioni[1], "e' identica a quella dopo");
@@ -37,7 +35,7 @@ TEST_F(Ripetizione, CavalliAvantiEIndietro) {
   EXPECT_EQ(Gioca("Nf6"), "Nf6");
   EXPECT_EQ(FraseRipetizioni(), "la posizione corrente e' identica a quella dopo 1.Nf6");
   EXPECT_EQ(Gioca("Ng1"), "Ng1");
-  EXPECT_TRUE(memoria::Finestre().empty());
+  EXPECT_TRUE(Esiti.empty());
   EXPECT_EQ(Stato(), "* | ? | ");
 
   EXPECT_EQ(Gioca("Ng8"), "Ng8");
@@ -46,34 +44,8 @@ TEST_F(Ripetizione, CavalliAvantiEIndietro) {
   EXPECT_EQ(PosizioneRipetuta[1], 0u);
   EXPECT_EQ(FraseRipetizioni(),
             "la posizione corrente e' identica a quella iniziale e quella dopo 2.Ng8");
-  EXPECT_EQ(Finestre(), std::vector<std::string>{Box(TRIPLICE, MB_YESNO)});
-}
-
-TEST_F(Ripetizione, IlNoAllaTripliceAggiudicaComunque) {
-  EXPECT_EQ(GiocaRevocando({"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}),
-            "Nf3 Nf6 Ng1 Ng8 Nf3 Nf6 Ng1");
-  memoria::AccodaRisposta(IDNO);
-  EXPECT_EQ(Gioca("Ng8"), "Ng8");
+  EXPECT_EQ(Esiti, std::vector<std::string>{"triplice ripetizione"});
   EXPECT_EQ(Stato(), "1/2-1/2 | threefold repetition | triplice ripetizione");
-  EXPECT_EQ(Finestre(), std::vector<std::string>{Box(TRIPLICE, MB_YESNO)});
-}
-
-TEST_F(Ripetizione, IlSiAllaTripliceAggiudicaSenzaAvviso) {
-  EXPECT_EQ(GiocaRevocando({"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}),
-            "Nf3 Nf6 Ng1 Ng8 Nf3 Nf6 Ng1");
-  memoria::AccodaRisposta(IDYES);
-  EXPECT_EQ(Gioca("Ng8"), "Ng8");
-  EXPECT_EQ(Stato(), "1/2-1/2 | threefold repetition | triplice ripetizione");
-  EXPECT_EQ(Finestre().size(), 1u);
-}
-
-TEST_F(Ripetizione, SoloUnaFinestraFallitaLasciaLaPartitaAperta) {
-  EXPECT_EQ(GiocaRevocando({"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}),
-            "Nf3 Nf6 Ng1 Ng8 Nf3 Nf6 Ng1");
-  memoria::AccodaRisposta(0);
-  EXPECT_EQ(Gioca("Ng8"), "Ng8");
-  EXPECT_EQ(Ripetizioni, 2u);
-  EXPECT_EQ(Stato(), "* | ? | ");
 }
 
 TEST_F(Ripetizione, QuelleDopoDueMosseNominaPrimaLaPiuVecchia) {
