@@ -47,6 +47,23 @@ constexpr uint64_t CODICE_RE_NERO = CodicePezzo(RE, NERO, 0);
 extern const char CarattereColonna[9];  // "abcdefgh"
 extern const char CaratterePezzo[7];    // "pnbrqk"
 
+// Every square named as text in one place: "a8" (square 0) ... "h1" (63),
+// from its file (column 0..7, a..h) and its row (0 is rank 8).
+constexpr char LetteraDellaColonna(uint64_t colonna) { return char('a' + colonna); }
+constexpr char CifraDellaRiga(uint64_t riga) { return char('8' - riga); }
+struct NomeDiCasa {
+  char testo[3];
+};
+constexpr NomeDiCasa NomeCasa(uint64_t casa) {
+  return {{LetteraDellaColonna(casa & 7), CifraDellaRiga(casa >> 3), 0}};
+}
+// Both characters at `testo` (no terminator); the place after them.
+inline char* ScriviCasa(uint64_t casa, char* testo) {
+  *testo++ = LetteraDellaColonna(casa & 7);
+  *testo++ = CifraDellaRiga(casa >> 3);
+  return testo;
+}
+
 // ---------------------------------------------------------------------------
 // Bitboards. No king bitboard: a king is known only by its square.
 extern uint64_t btm_pezzi[2][5];  // [colour][kind], kinds pawn..queen

@@ -1,11 +1,10 @@
 #include "clock/cadenza.h"
 
-#include "messaggi/messaggi.h"
-
 #include <cstdio>
 
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
+#include "testo/composizione.h"
 
 CadenzaDiGioco CadenzaPartita = {1, 40, 120, 0, 30, 0};
 char Cadenza[64];
@@ -14,28 +13,12 @@ char OraUTC[12] = "?";
 
 namespace {
 
-// Appends to Cadenza, dropping what does not fit.
-struct Scrittura {
-  size_t usati = 0;
-
-  Scrittura() { Cadenza[0] = 0; }
-
-  void Testo(const char* testo) {
-    while (*testo && usati < sizeof Cadenza - 1) Cadenza[usati++] = *testo++;
-    Cadenza[usati] = 0;
-  }
-  void Numero(int64_t numero) {
-    char testo[21];
-    TestoDelNumero(numero, testo);
-    Testo(testo);
-  }
-  // A zero increment is left out: "300", not "300+0".
-  void Incremento(int32_t secondi) {
-    if (secondi == 0) return;
-    Testo("+");
-    Numero(secondi);
-  }
-};
+// A zero increment is left out: "300", not "300+0".
+void Incremento(Composizione& c, int32_t secondi) {
+  if (secondi == 0) return;
+  c.Carattere('+');
+  c.Numero(secondi);
+}
 
 }  // namespace
 
@@ -54,20 +37,21 @@ void ImpostaCadenzaPartita(const CadenzaDiGioco& cadenza) {
 }
 
 void ScriviCadenza() {
-  Scrittura s;
+  // What does not fit is dropped.
+  Composizione s(Cadenza, sizeof Cadenza);
   const CadenzaDiGioco& c = CadenzaPartita;
   const int64_t primo = int64_t(c.tempo_primo_periodo) * 60;
   if (c.periodi != 1) {
     s.Numero(c.mosse_primo_periodo);
-    s.Testo("/");
+    s.Carattere('/');
     s.Numero(primo);
-    s.Incremento(c.incremento_primo_periodo);
-    s.Testo(":");
+    Incremento(s, c.incremento_primo_periodo);
+    s.Carattere(':');
     s.Numero(int64_t(c.tempo_secondo_periodo) * 60);
-    s.Incremento(c.incremento_secondo_periodo);
+    Incremento(s, c.incremento_secondo_periodo);
   } else {
     s.Numero(primo);
-    s.Incremento(c.incremento_primo_periodo);
+    Incremento(s, c.incremento_primo_periodo);
   }
 }
 

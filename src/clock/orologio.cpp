@@ -2,11 +2,11 @@
 
 #include "board/posizione.h"
 #include "clock/cadenza.h"
-#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
 #include "messaggi/toni.h"
 #include "piattaforma/piattaforma.h"
 #include "settings/parametri.h"
+#include "testo/composizione.h"
 
 using namespace piattaforma::win32;
 

@@ -5,8 +5,8 @@
 
 #include "console/comandi.h"
 #include "console/schermo.h"
-#include "messaggi/composizione.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 const char* const NomeFileGuida = "leggimi.html";
 

@@ -103,7 +103,7 @@ void DisegnaIntestazione() {
 void StampaPannelloPrincipale() {
   for (int16_t r = 0; r < 8; ++r) {
     gotoxy(27, int16_t(y_scacchiera + r));
-    const char numero[2] = {char('8' - r), 0};
+    const char numero[2] = {CifraDellaRiga(uint64_t(r)), 0};
     StampaTesto(numero);
   }
   gotoxy(30, 34);

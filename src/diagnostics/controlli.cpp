@@ -25,7 +25,7 @@ const char* const NomeControllo[2][6] = {
      "ControllaPosizione_donna_nero", "ControllaPosizione_re_nero"}};
 
 // A corrupted list may hold anything; the report must still be printable.
-const char* NomeCasa(uint64_t casa) { return casa < 64 ? StringaCasa[casa] : "??"; }
+const char* TestoCasa(uint64_t casa) { return casa < 64 ? StringaCasa[casa] : "??"; }
 
 const char* NomeTipo(uint64_t mossa) {
   uint64_t tipo = TipoMossa(mossa);
@@ -89,9 +89,10 @@ void ControllaPosizione_pezzo() {
     constexpr uint64_t codice = CodicePezzo(RE, C, 0);
     uint64_t casa = casa_re[C];
     if (PezzoIn[std::min<uint64_t>(casa, 64)] != codice)
-      AggiungiAlReport("(PezzoIn[CasaMioRe] != MioRe) - %s in %s\n", nome, NomeCasa(casa));
+      AggiungiAlReport("(PezzoIn[CasaMioRe] != MioRe) - %s in %s\n", nome, TestoCasa(casa));
     if (casa >= 64 || !(btm_colore[C] & (1ull << casa)))
-      AggiungiAlReport("(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) %s in %s\n", nome, NomeCasa(casa));
+      AggiungiAlReport("(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) %s in %s\n", nome,
+                       TestoCasa(casa));
     if (casa < 64) {
       r.ChiaveRicalcolata ^= hash_in[C][RE][casa];
       r.CaseViste ^= 1ull << casa;
@@ -109,21 +110,21 @@ void ControllaPosizione_pezzo() {
       uint64_t casa = lista[i];
       ultima = casa;
       if (casa >= 64) {
-        AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
+        AggiungiAlReport("%s in %s\n", nome, TestoCasa(casa));
         continue;
       }
       insieme |= 1ull << casa;
       if (PezzoIn[casa] != CodicePezzo(K, C, i))
-        AggiungiAlReport("%s in %s\n", nome, NomeCasa(casa));
+        AggiungiAlReport("%s in %s\n", nome, TestoCasa(casa));
       uint64_t chiave = hash_in[C][K][casa];
       r.ChiaveRicalcolata ^= chiave;
       r.CaseViste ^= 1ull << casa;
       if constexpr (K == PEDONE) r.HashPedoniRicalcolata ^= chiave;
     }
     if (btm_pezzi[C][K] != insieme)
-      AggiungiAlReport("(BitmapMioPezzo != btm) %s in %s\n", nome, NomeCasa(ultima));
+      AggiungiAlReport("(BitmapMioPezzo != btm) %s in %s\n", nome, TestoCasa(ultima));
     if ((btm_colore[C] & insieme) != insieme)
-      AggiungiAlReport("((BitmapMieiPezzi&btm) != btm) %s in %s\n", nome, NomeCasa(ultima));
+      AggiungiAlReport("((BitmapMieiPezzi&btm) != btm) %s in %s\n", nome, TestoCasa(ultima));
   }
 }
 

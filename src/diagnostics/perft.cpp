@@ -81,10 +81,7 @@ int PerftDivide(int profondita, VocePerft* voci) {
 
 void ScriviMossaCoordinate(uint64_t mossa, char* testo) {
   const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
-  testo[0] = CarattereColonna[o & 7];
-  testo[1] = char('8' - o / 8);
-  testo[2] = CarattereColonna[d & 7];
-  testo[3] = char('8' - d / 8);
+  ScriviCasa(d, ScriviCasa(o, testo));
   const uint64_t tipo = TipoMossa(mossa);
   int fine = 4;
   if (tipo >= PROMOZIONE_CAVALLO && tipo < NUMERO_TIPI_MOSSA)

@@ -10,11 +10,7 @@ const char* const StringaPezzo[6] = {"Pedone", "Cavallo", "Alfiere", "Torre", "D
 
 namespace {
 
-struct NomeCasa {
-  char testo[3];
-};
-constexpr NomeCasa Nome(int s) { return {{char('a' + s % 8), char('8' - s / 8), '\0'}}; }
-constexpr NomeCasa NomiCase[64] = {TABELLA64(Nome)};
+constexpr NomeDiCasa NomiCase[64] = {TABELLA64(NomeCasa)};
 
 }  // namespace
 
@@ -78,10 +74,10 @@ void StampaChiaroScuro() {
       scure |= 1ull << s;
   }
   char testo[2048];
-  TestoDiagnostico t{testo, sizeof testo, 0, false};
-  AggiungiDiagnostica(t, "\n    #define BtmCaseChiare %s\n", str_esadecimale(chiare));
-  AggiungiDiagnostica(t, "%s\n", StringaBitmap(chiare));
-  AggiungiDiagnostica(t, "\n    #define BtmCaseScure %s\n", str_esadecimale(scure));
-  AggiungiDiagnostica(t, "%s\n", StringaBitmap(scure));
-  ScriviFileDiagnostico("ChiaroScuro.txt", t.testo, t.lunghezza);
+  Composizione t(testo, sizeof testo);
+  t.Formato("\n    #define BtmCaseChiare %s\n", str_esadecimale(chiare));
+  t.Formato("%s\n", StringaBitmap(chiare));
+  t.Formato("\n    #define BtmCaseScure %s\n", str_esadecimale(scure));
+  t.Formato("%s\n", StringaBitmap(scure));
+  ScriviFileDiagnostico("ChiaroScuro.txt", testo, t.Scritti());
 }

@@ -10,13 +10,12 @@ void InstallaUscitaDiagnostiche(const UscitaDiagnostica& uscita) { UscitaDiagnos
 void ScriviDiagnostica(const char* formato, ...) {
   if (!UscitaDiagnostiche.testo) return;
   char testo[4096];
+  Composizione c(testo, sizeof testo);
   va_list argomenti;
   va_start(argomenti, formato);
-  const int scritti = std::vsnprintf(testo, sizeof testo, formato, argomenti);
+  c.FormatoDa(formato, argomenti);
   va_end(argomenti);
-  if (scritti <= 0) return;
-  const size_t lunghezza = size_t(scritti) < sizeof testo ? size_t(scritti) : sizeof testo - 1;
-  UscitaDiagnostiche.testo(testo, lunghezza);
+  if (c.Scritti() > 0) UscitaDiagnostiche.testo(testo, c.Scritti());
 }
 
 void DisegnaScacchieraDiagnostica() {
@@ -25,23 +24,4 @@ void DisegnaScacchieraDiagnostica() {
 
 bool ScriviFileDiagnostico(const char* nome, const char* testo, size_t lunghezza) {
   return UscitaDiagnostiche.file && UscitaDiagnostiche.file(nome, testo, lunghezza);
-}
-
-void AggiungiDiagnostica(TestoDiagnostico& t, const char* formato, ...) {
-  if (t.lunghezza + 1 >= t.capienza) {
-    t.troncato = true;
-    return;
-  }
-  const size_t resto = t.capienza - t.lunghezza;
-  va_list argomenti;
-  va_start(argomenti, formato);
-  const int scritti = std::vsnprintf(t.testo + t.lunghezza, resto, formato, argomenti);
-  va_end(argomenti);
-  if (scritti < 0) return;
-  if (size_t(scritti) >= resto) {
-    t.lunghezza = t.capienza - 1;
-    t.troncato = true;
-  } else {
-    t.lunghezza += size_t(scritti);
-  }
 }

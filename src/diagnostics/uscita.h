@@ -6,6 +6,8 @@
 
 #include <cstddef>
 
+#include "testo/composizione.h"
+
 struct UscitaDiagnostica {
   void (*testo)(const char* testo, size_t lunghezza);
   void (*scacchiera)();  // draws the position
@@ -19,13 +21,3 @@ void InstallaUscitaDiagnostiche(const UscitaDiagnostica& uscita);
 [[gnu::format(printf, 1, 2)]] void ScriviDiagnostica(const char* formato, ...);
 void DisegnaScacchieraDiagnostica();
 bool ScriviFileDiagnostico(const char* nome, const char* testo, size_t lunghezza);
-
-// A text composed piece by piece in a fixed buffer; what does not fit is
-// dropped and marks the text as cut.
-struct TestoDiagnostico {
-  char* testo;
-  size_t capienza, lunghezza;
-  bool troncato;
-};
-[[gnu::format(printf, 2, 3)]] void AggiungiDiagnostica(TestoDiagnostico& t, const char* formato,
-                                                       ...);

@@ -5,8 +5,8 @@
 
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
+#include "testo/composizione.h"
 
 char Result[8] = "*";
 char Termination[64] = "?";

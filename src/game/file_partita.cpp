@@ -6,8 +6,8 @@
 #include "clock/cadenza.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
-#include "messaggi/composizione.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 const char* const NomeFilePartita = "partita.pgn";
 const char* const NomeFileListaMosse = "ListaMosse.txt";

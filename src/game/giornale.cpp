@@ -10,10 +10,10 @@
 #include "clock/orologio.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
-#include "messaggi/composizione.h"
 #include "messaggi/messaggi.h"
 #include "moves/tavole.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 const char* const NomeFileGiornale = "giornale.txt";
 const char* const NomeFileGiornalePrecedente = "giornale_precedente.txt";
@@ -49,56 +49,39 @@ constexpr size_t DIMENSIONE_TESTO = 40 * 1024;
 
 struct Testo {
   char dati[DIMENSIONE_TESTO];
-  size_t usati = 0;
+  Composizione c{dati, DIMENSIONE_TESTO};
   size_t inizio_riga = 0;
-  bool pieno = false;
 
   void Svuota() {
-    usati = inizio_riga = 0;
-    pieno = false;
+    c.Svuota();
+    inizio_riga = 0;
   }
-  void Carattere(char c) {
-    if (usati + 1 >= DIMENSIONE_TESTO) {
-      pieno = true;
-      return;
-    }
-    dati[usati++] = c;
-  }
-  void Parola(const char* s) {
-    while (*s) Carattere(*s++);
-  }
-  void Numero(int64_t n) {
-    char cifre[24];
-    TestoDelNumero(n, cifre);
-    Parola(cifre);
-  }
+  bool Pieno() const { return c.Troncato(); }
+  size_t Usati() const { return c.Scritti(); }
+  void Carattere(char ch) { c.Carattere(ch); }
+  void Parola(const char* s) { c.Testo(s); }
   // A record begins: its letter and the UTC time of writing.
   void Inizia(char tipo) {
-    inizio_riga = usati;
-    Carattere(tipo);
-    Carattere(' ');
+    inizio_riga = c.Scritti();
+    c.Carattere(tipo);
+    c.Carattere(' ');
     const piattaforma::DataOraUTC t = piattaforma::OraUTC();
     auto entro = [](int v, int massimo) { return v < 0 ? 0 : (v > massimo ? massimo : v); };
-    char utc[24];
-    std::snprintf(utc, sizeof utc, "%04d%02d%02dT%02d%02d%02dZ", entro(t.anno, 9999),
-                  entro(t.mese, 99), entro(t.giorno, 99), entro(t.ora, 99), entro(t.minuto, 99),
-                  entro(t.secondo, 99));
-    Parola(utc);
+    c.Formato("%04d%02d%02dT%02d%02d%02dZ", entro(t.anno, 9999), entro(t.mese, 99),
+              entro(t.giorno, 99), entro(t.ora, 99), entro(t.minuto, 99), entro(t.secondo, 99));
   }
   void Campo(const char* s) {
-    Carattere(' ');
-    Parola(s);
+    c.Carattere(' ');
+    c.Testo(s);
   }
   void Campo(int64_t n) {
-    Carattere(' ');
-    Numero(n);
+    c.Carattere(' ');
+    c.Numero(n);
   }
+  // Once the text has overflowed it is not written at all: no checksum.
   void Termina() {
-    if (pieno) return;
-    const uint32_t h = Controllo(dati + inizio_riga, usati - inizio_riga);
-    char coda[16];
-    std::snprintf(coda, sizeof coda, " *%08X\n", unsigned(h));
-    Parola(coda);
+    if (Pieno()) return;
+    c.Formato(" *%08X\n", unsigned(Controllo(dati + inizio_riga, c.Scritti() - inizio_riga)));
   }
 };
 
@@ -166,11 +149,8 @@ void ComponiMossa(uint64_t ply) {
   const uint64_t mossa = ElencoMosse[ply];
   testo.Inizia('M');
   testo.Campo(int64_t(ply));
-  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)}) {
-    testo.Carattere(' ');
-    testo.Carattere(char('a' + (casa & 7)));
-    testo.Carattere(char('8' - (casa >> 3)));
-  }
+  for (uint64_t casa : {OrigineMossa(mossa), DestinazioneMossa(mossa)})
+    testo.Campo(NomeCasa(casa).testo);
   const uint32_t promozione = TipoPromozioneMossa[TipoMossa(mossa)];
   testo.Carattere(' ');
   testo.Carattere(promozione >= 1 && promozione <= 4 ? LETTERE_PROMOZIONE[promozione] : '-');
@@ -244,7 +224,7 @@ bool ComponiDifferenze(const StatoDaScrivere& prima, const StatoDaScrivere& dopo
   for (uint64_t p = comuni + 1; p <= dopo.semimosse; ++p) ComponiMossa(p);
   if (!(prima.esito == dopo.esito)) ComponiEsito(dopo.esito);
   if (OrologioCambiato(prima, dopo)) ComponiOrologio(dopo);
-  return !testo.pieno;
+  return !testo.Pieno();
 }
 
 }  // namespace
@@ -277,9 +257,9 @@ void AggiornaGiornale(bool avviso) {
   if (da_riscrivere || nuova_partita || !ComponiDifferenze(scritto, adesso)) {
     ComponiTutto(adesso);
     riuscito =
-        !testo.pieno && piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.usati);
-  } else if (testo.usati > 0) {
-    riuscito = piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.usati);
+        !testo.Pieno() && piattaforma::SostituisciFile(NomeFileGiornale, testo.dati, testo.Usati());
+  } else if (testo.Usati() > 0) {
+    riuscito = piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.Usati());
   }
   // A failed append may have left part of a line: only a fresh file can
   // follow it. What was written stays remembered only once it is whole.
@@ -306,7 +286,7 @@ void ChiudiGiornale() {
   testo.Inizia('F');
   testo.Termina();
   // Behind a failed write the file may hold anything: better none at all.
-  if (da_riscrivere || !piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.usati))
+  if (da_riscrivere || !piattaforma::AccodaAlFile(NomeFileGiornale, testo.dati, testo.Usati()))
     piattaforma::EliminaFile(NomeFileGiornale);
 }
 

@@ -13,6 +13,7 @@
 #include "moves/registro.h"
 #include "moves/tavole.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 char ElencoStringaMossa[MAX_SEMIMOSSE][LUNGHEZZA_STRINGA_MOSSA];
 RecordDettagliMossa DettagliMossa;
@@ -67,20 +68,6 @@ bool Noto(int8_t campo) { return campo != S; }
 // The first earlier position of this game: the one the game started from.
 uint64_t PlyIniziale() { return TurnoIniziale; }
 
-// The move text being written, always zero-terminated, never past its slot.
-struct TestoMossa {
-  char* testo;
-  int lunghezza = 0;
-  void Aggiungi(char c) {
-    if (lunghezza >= LUNGHEZZA_STRINGA_MOSSA - 1) return;
-    testo[lunghezza++] = c;
-    testo[lunghezza] = 0;
-  }
-  void Aggiungi(const char* s) {
-    while (*s) Aggiungi(*s++);
-  }
-};
-
 // How much of the origin the record must show, left in DettagliMossa; the
 // legal list still holds the moves of the position before the move. False
 // when not even the whole origin makes it unique.
@@ -121,7 +108,7 @@ void ScriviPezzo(const char* etichetta, int8_t valore) {
 void ScriviColonna(const char* etichetta, int8_t valore) {
   ScriviTesto(etichetta);
   if (valore >= 0 && valore < 8) {
-    const char lettera = char('a' + valore);
+    const char lettera = LetteraDellaColonna(uint64_t(valore));
     piattaforma::Scrivi(&lettera, 1);
   } else {
     ScriviTesto("valore sconosciuto");
@@ -131,7 +118,7 @@ void ScriviColonna(const char* etichetta, int8_t valore) {
 void ScriviRiga(const char* etichetta, int8_t valore) {
   ScriviTesto(etichetta);
   if (valore >= 0 && valore < 8) {
-    const char cifra = char('8' - valore);
+    const char cifra = CifraDellaRiga(uint64_t(valore));
     piattaforma::Scrivi(&cifra, 1);
   } else {
     ScriviTesto("valore sconosciuto");
@@ -304,39 +291,39 @@ uint64_t FaiMossaInComando() {
 EsitoMossa AnnotaMossa(uint64_t mossa) {
   EsitoMossa esito{mossa, false, FineDellaPartita::Nessuna, DomandaAllArbitro::Nessuna, false};
   const uint64_t n = ContatoreMosse;
-  TestoMossa testo{ElencoStringaMossa[n]};
-  testo.testo[0] = 0;
+  // Never past its slot: seven characters at most.
+  Composizione testo(ElencoStringaMossa[n], LUNGHEZZA_STRINGA_MOSSA);
 
   const uint64_t tipo = TipoMossa(mossa);
   if (tipo == ARROCCO_CORTO) {
-    testo.Aggiungi("0-0");
+    testo.Testo("0-0");
   } else if (tipo == ARROCCO_LUNGO) {
-    testo.Aggiungi("0-0-0");
+    testo.Testo("0-0-0");
   } else {
     const uint64_t o = OrigineMossa(mossa), d = DestinazioneMossa(mossa);
     const uint32_t pezzo = TipoPezzoMossa[tipo];
     const uint32_t promozione = TipoPromozioneMossa[tipo];
     if (pezzo == PEDONE) {
       if (Colonna(o) != Colonna(d)) {
-        testo.Aggiungi(CarattereColonna[Colonna(o)]);
-        testo.Aggiungi('x');
+        testo.Carattere(LetteraDellaColonna(uint64_t(Colonna(o))));
+        testo.Carattere('x');
       }
     } else if (pezzo == RE) {
-      testo.Aggiungi('K');
-      if (tipo > PEDONE_CATTURA) testo.Aggiungi('x');
+      testo.Carattere('K');
+      if (tipo > PEDONE_CATTURA) testo.Carattere('x');
     } else {
       esito.disambigua_fallita = !Disambigua(mossa, int8_t(pezzo));
       const RecordDettagliMossa& dm = DettagliMossa;
-      if (Noto(dm.TipoPezzo)) testo.Aggiungi(CaratteriUtili[dm.TipoPezzo + INDICE_LETTERA_PEZZO]);
-      if (Noto(dm.ColonnaPartenza)) testo.Aggiungi(CarattereColonna[dm.ColonnaPartenza]);
-      if (Noto(dm.RigaPartenza)) testo.Aggiungi(char('8' - dm.RigaPartenza));
-      if (tipo > PEDONE_CATTURA) testo.Aggiungi('x');
+      if (Noto(dm.TipoPezzo)) testo.Carattere(CaratteriUtili[dm.TipoPezzo + INDICE_LETTERA_PEZZO]);
+      if (Noto(dm.ColonnaPartenza))
+        testo.Carattere(LetteraDellaColonna(uint64_t(dm.ColonnaPartenza)));
+      if (Noto(dm.RigaPartenza)) testo.Carattere(CifraDellaRiga(uint64_t(dm.RigaPartenza)));
+      if (tipo > PEDONE_CATTURA) testo.Carattere('x');
     }
-    testo.Aggiungi(CarattereColonna[Colonna(d)]);
-    testo.Aggiungi(char('8' - Riga(d)));
+    testo.Testo(NomeCasa(d).testo);
     if (promozione != NESSUN_PEZZO) {
-      testo.Aggiungi('=');
-      testo.Aggiungi(CaratteriUtili[promozione + INDICE_LETTERA_PEZZO]);
+      testo.Carattere('=');
+      testo.Carattere(CaratteriUtili[promozione + INDICE_LETTERA_PEZZO]);
     }
   }
 
@@ -348,7 +335,7 @@ EsitoMossa AnnotaMossa(uint64_t mossa) {
 
   if (FineMosseGenerate == BufferMosseGenerate) {
     if (esito.scacco) {
-      testo.Aggiungi('#');
+      testo.Carattere('#');
       Aggiudica("Checkmate", "scaccomatto", StringaSconfitta[n & 1]);
       esito.fine = FineDellaPartita::Scaccomatto;
     } else {
@@ -358,7 +345,7 @@ EsitoMossa AnnotaMossa(uint64_t mossa) {
     return esito;
   }
 
-  if (esito.scacco) testo.Aggiungi('+');
+  if (esito.scacco) testo.Carattere('+');
 
   if (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) {
     Aggiudica("insufficient material", "materiale insufficente", PATTA);

@@ -2,6 +2,7 @@
 
 #include "messaggi/toni.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 using namespace piattaforma::win32;
 
@@ -14,43 +15,35 @@ const char* const TitoloFinestre = "Attenzione!";
 void (*DopoFinestra)();
 void (*PrimaDellaFinestra)();
 
-// One byte is always kept for the terminating zero.
+namespace {
+// messaggio as the composer sees it; InMessaggio follows what it wrote.
+Composizione Composto(messaggio, DIMENSIONE_MESSAGGIO);
+}  // namespace
 
 void SvuotaMessaggio() {
+  Composto.Svuota();
   InMessaggio = 0;
-  messaggio[0] = 0;
 }
 
 void AggiungiCarattere(char carattere) {
-  if (InMessaggio >= DIMENSIONE_MESSAGGIO - 1) return;
-  messaggio[InMessaggio++] = carattere;
-  messaggio[InMessaggio] = 0;
+  Composto.Carattere(carattere);
+  InMessaggio = uint32_t(Composto.Scritti());
 }
 
 void AggiungiTesto(const char* testo) {
-  while (*testo && InMessaggio < DIMENSIONE_MESSAGGIO - 1) messaggio[InMessaggio++] = *testo++;
-  messaggio[InMessaggio] = 0;
-}
-
-int TestoDelNumero(int64_t numero, char* testo) {
-  // Work on the magnitude as unsigned so that the most negative value has one.
-  uint64_t resto = numero < 0 ? 0 - uint64_t(numero) : uint64_t(numero);
-  char cifre[20];
-  int n = 0, lunghezza = 0;
-  do {
-    cifre[n++] = char('0' + resto % 10);
-    resto /= 10;
-  } while (resto);
-  if (numero < 0) testo[lunghezza++] = '-';
-  while (n) testo[lunghezza++] = cifre[--n];
-  testo[lunghezza] = 0;
-  return lunghezza;
+  Composto.Testo(testo);
+  InMessaggio = uint32_t(Composto.Scritti());
 }
 
 void AggiungiNumero(int64_t numero) {
-  char testo[21];
-  TestoDelNumero(numero, testo);
-  AggiungiTesto(testo);
+  Composto.Numero(numero);
+  InMessaggio = uint32_t(Composto.Scritti());
+}
+
+int TestoDelNumero(int64_t numero, char* testo) {
+  Composizione c(testo, 21);
+  c.Numero(numero);
+  return int(c.Scritti());
 }
 
 void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }

@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 namespace piattaforma {
 
@@ -78,14 +79,15 @@ inline size_t CodificaUtf8(uint32_t c, char* uscita) {
   return 4;
 }
 
-// snprintf that leaves `destinazione` empty rather than cut short: a command
-// line cut short would run something else. False when it did not fit.
+// A formatted text whole or not at all: a command line cut short would run
+// something else. False, `destinazione` empty, when it did not fit.
 template <typename... Argomenti>
 bool ComponiPerIntero(char* destinazione, size_t dimensione, const char* formato,
                       Argomenti... argomenti) {
   if (destinazione == nullptr || dimensione == 0) return false;
-  const int scritti = std::snprintf(destinazione, dimensione, formato, argomenti...);
-  if (scritti >= 0 && static_cast<size_t>(scritti) < dimensione) return true;
+  Composizione c(destinazione, dimensione);
+  c.Formato(formato, argomenti...);
+  if (!c.Troncato()) return true;
   destinazione[0] = 0;
   return false;
 }

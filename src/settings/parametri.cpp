@@ -1,12 +1,11 @@
 // The settings table and the writing of pendrino.ini.
 #include "settings/parametri.h"
 
-#include <cstdarg>
-#include <cstdio>
 #include <cstring>
 
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "testo/composizione.h"
 
 RigaIni ParametroIni[NUMERO_PARAMETRI] = {
     {"periodi", "periodi", "periodi", 1, 1, 1, 2},
@@ -28,44 +27,9 @@ const char* const NomeFileIni = "pendrino.ini";
 
 namespace {
 
-// The file is written as the platform's text mode writes it.
-#ifdef _WIN32
-constexpr char FINE_RIGA[] = "\r\n";
-#else
-constexpr char FINE_RIGA[] = "\n";
-#endif
-
-// Twelve blocks of at most about 220 bytes each, with CR LF line ends.
-struct TestoIni {
-  char byte[4096];
-  size_t lunghezza = 0;
-  bool traboccato = false;
-};
-
-#if defined(__GNUC__) || defined(__clang__)
-__attribute__((format(printf, 2, 3)))
-#endif
-void Accoda(TestoIni& testo, const char* formato, ...) {
-  char pezzo[160];
-  va_list argomenti;
-  va_start(argomenti, formato);
-  const int n = std::vsnprintf(pezzo, sizeof pezzo, formato, argomenti);
-  va_end(argomenti);
-  if (n < 0 || size_t(n) >= sizeof pezzo) {
-    testo.traboccato = true;
-    return;
-  }
-  for (int i = 0; i < n; ++i) {
-    const char* aggiunta = pezzo[i] == '\n' ? FINE_RIGA : &pezzo[i];
-    const size_t quanti = pezzo[i] == '\n' ? sizeof FINE_RIGA - 1 : 1;
-    if (testo.lunghezza + quanti > sizeof testo.byte) {
-      testo.traboccato = true;
-      return;
-    }
-    std::memcpy(testo.byte + testo.lunghezza, aggiunta, quanti);
-    testo.lunghezza += quanti;
-  }
-}
+// Twelve blocks of at most about 220 bytes each; the line ends are the
+// platform's, put in as the file is written.
+char TestoIni[4096];
 
 }  // namespace
 
@@ -79,19 +43,19 @@ void DefaultIni() {
 }
 
 void ScriviIni() {
-  static TestoIni testo;
-  testo = TestoIni{};
+  Composizione testo(TestoIni, sizeof TestoIni);
   for (const RigaIni& riga : ParametroIni) {
-    Accoda(testo, "\n%s ", riga.descrizione);
-    Accoda(testo, "(%s) ", riga.unita);
-    Accoda(testo, "min: %d ", int(riga.minimo));
-    Accoda(testo, "max: %d ", int(riga.massimo));
-    Accoda(testo, "default: %d\n", int(riga.valore_default));
-    Accoda(testo, "$\t%s\t", riga.chiave);
-    Accoda(testo, "%d\n", int(riga.valore));
+    testo.Formato("\n%s ", riga.descrizione);
+    testo.Formato("(%s) ", riga.unita);
+    testo.Formato("min: %d ", int(riga.minimo));
+    testo.Formato("max: %d ", int(riga.massimo));
+    testo.Formato("default: %d\n", int(riga.valore_default));
+    testo.Formato("$\t%s\t", riga.chiave);
+    testo.Formato("%d\n", int(riga.valore));
   }
   // Better the old file than a cut one; a failed write is not reported.
-  if (!testo.traboccato) piattaforma::SostituisciFile(NomeFileIni, testo.byte, testo.lunghezza);
+  if (!testo.Troncato())
+    piattaforma::SostituisciFileDiTesto(NomeFileIni, TestoIni, testo.Scritti());
 }
 
 void AggiungiIntervallo(const RigaIni& riga) {
