@@ -73,11 +73,30 @@ void DopoEsc(Ingresso& ingresso, char* sequenza) {
 
 }  // namespace
 
+namespace {
+
+// ESC O p .. ESC O y are the keypad's digits in application mode, which
+// ncurses turns on with the keypad: the terminal sends them with Num Lock
+// on (with it off, the keys send the cursor block's own sequences). Some
+// terminal descriptions name them as the corners and middle of a cursor pad
+// (xterm's kc1 is ESC O q), which would turn a typed 1 into End.
+bool CifraDelTastierino(const char* sequenza) {
+  const size_t lunghezza = std::strlen(sequenza);
+  if (lunghezza < 3 || sequenza[1] != 'O') return false;
+  const char finale = sequenza[lunghezza - 1];
+  return finale >= 'p' && finale <= 'y';
+}
+
+}  // namespace
+
 void DefinisciSequenze() {
   char sequenza[DIMENSIONE_SEQUENZA];
   for (int i = 0; i < NUMERO_SEQUENZE; ++i) {
     ComponiSequenza(i, sequenza);
-    // Sequences the terminal description already names keep their names.
+    // Sequences the terminal description already names keep their names,
+    // but for the keypad's digits.
+    const int definita = key_defined(sequenza);
+    if (definita > 0 && CifraDelTastierino(sequenza)) define_key(sequenza, 0);
     if (key_defined(sequenza) == 0) define_key(sequenza, PRIMO_CODICE_SEQUENZA + i);
   }
 }

@@ -154,6 +154,25 @@ def prova_tasti_e_riquadro(file_da_vedere):
         ("\x1bOP", "vk=70 stato=0000", "F1"),
         ("\x1b[24~", "vk=7B stato=0000", "F12"),
         ("\x1b[15;2~", "vk=74 stato=0010", "Shift+F5"),
+        # The keypad in application mode (Num Lock on): its digits, which
+        # xterm's terminfo also names as the corners of a cursor pad.
+        ("\x1bOq", "vk=61 stato=0000 car=49", "keypad 1"),
+        ("\x1bOr", "vk=62 stato=0000 car=50", "keypad 2"),
+        ("\x1bOs", "vk=63 stato=0000 car=51", "keypad 3"),
+        ("\x1bOu", "vk=65 stato=0000 car=53", "keypad 5"),
+        ("\x1bOw", "vk=67 stato=0000 car=55", "keypad 7"),
+        ("\x1bOy", "vk=69 stato=0000 car=57", "keypad 9"),
+        ("\x1bOp", "vk=60 stato=0000 car=48", "keypad 0"),
+        ("\x1bO5q", "vk=61 stato=0008", "Ctrl+keypad 1 (xterm)"),
+        ("\x1bO6r", "vk=62 stato=0018", "Ctrl+Shift+keypad 2 (xterm)"),
+        ("\x1b[1106358;5u", "vk=61 stato=0008", "Ctrl+keypad 1 (tmux)"),
+        ("\x1b[1106359;6u", "vk=62 stato=0018", "Ctrl+Shift+keypad 2 (tmux)"),
+        ("\x1b\x1bOq", "vk=61 stato=0002 car=49", "Alt+keypad 1"),
+        ("\x1b\x1bOu", "vk=65 stato=0002 car=53", "Alt+keypad 5"),
+        # The cursor block in application mode stays navigation.
+        ("\x1bOH", "vk=24 stato=0000", "Home (SS3)"),
+        ("\x1bOF", "vk=23 stato=0000", "End (SS3)"),
+        ("\x1bOB", "vk=28 stato=0000", "Down (SS3)"),
     ]
     for dati, atteso, descrizione in casi:
         tasto(t, dati, atteso, descrizione)
