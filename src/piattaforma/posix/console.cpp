@@ -217,6 +217,8 @@ void RilasciaTerminale() {
 void RiprendiTerminale() {
   if (!video.aperto) return;
   reset_prog_mode();
+  // The pager, or the shell while we were stopped, may have set its own.
+  InviaTitolo();
   InviaRichieste();
   ControllaDimensioni();
   touchwin(video.schermo);

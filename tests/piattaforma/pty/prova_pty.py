@@ -321,11 +321,22 @@ def prova_tasti_e_riquadro(file_da_vedere):
     print("CPU while waiting 3 s: %.3f s" % cpu, flush=True)
     controlla(cpu < 0.05, "idle CPU %.3f s in 3 s" % cpu)
 
-    # The pager in the terminal, then the screen redrawn.
+    # The pager in the terminal, then the screen redrawn and the title set
+    # again (the pager or the shell may have changed it meanwhile).
     t.invia("v")
     t.attendi(lambda: t.contiene("contenuto da vedere"), "pager shows the file")
+    t.grezzo = b""
     t.invia("q")
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and t.contiene("visto"), "redrawn after pager")
+    controlla(b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after the pager")
+
+    # Stopped and continued from outside: the title set again.
+    t.leggi(0.2)
+    os.kill(t.figlio.pid, signal.SIGSTOP)
+    time.sleep(0.2)
+    t.grezzo = b""
+    os.kill(t.figlio.pid, signal.SIGCONT)
+    t.attendi(lambda: b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after SIGCONT")
     tasto(t, "\x1b[13;5u", "vk=0D stato=0008", "extended keys again after the pager")
 
     # Leaving: the terminal handed back.
@@ -367,9 +378,11 @@ def prova_sospensione():
     t.attendi(lambda: t.contiene("Stopped") and t.contiene("PRONTO$"), "stopped with Ctrl+Z")
     t.invia("stty -a | grep -o -- ' -\\?icanon'\r")
     t.attendi(lambda: t.contiene(" icanon"), "shell has its cooked terminal back")
+    t.grezzo = b""
     t.invia("fg\r")
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and "sfondo 20" in t.riga(20),
               "redrawn after fg")
+    t.attendi(lambda: b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after fg")
     tasto(t, "\x1b[49;5u", "vk=31 stato=0008", "keys after fg")
     t.invia("q")
     t.attendi(lambda: t.contiene("PRONTO$"), "back to the shell")
