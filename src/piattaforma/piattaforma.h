@@ -100,7 +100,10 @@ DataOraUTC OraUTC();
 // crash sees the old file or the new one, never a mix. False when the file
 // could not be written; the old file is then untouched.
 // (The temporary file is `nome` followed by ".tmp"; one left by a crash is
-// replaced at the next save.)
+// replaced at the next save.) A name that is a symbolic link stands for the
+// file the link names, in every call below: that file is replaced, appended
+// to, renamed or removed (the temporary file beside it), and the link stays;
+// a link to a missing file makes that file.
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
 // The same for a text with '\n' line ends, written with the system's own
 // (CR LF on Windows).

@@ -347,6 +347,128 @@ TEST(FileSistemaPosix, IlNuovoFileTieneIPermessiDelVecchio) {
   EXPECT_EQ(stato.st_mode & 07777, 0640u);
 }
 
+// --- Symbolic links: the file they name is written, the link stays --------
+
+bool Collegamento(const std::string& nome, std::string* bersaglio = nullptr) {
+  struct stat stato {};
+  if (lstat(nome.c_str(), &stato) != 0 || !S_ISLNK(stato.st_mode)) return false;
+  if (bersaglio) {
+    char letto[4096];
+    const ssize_t n = readlink(nome.c_str(), letto, sizeof letto);
+    bersaglio->assign(letto, n > 0 ? static_cast<size_t>(n) : 0);
+  }
+  return true;
+}
+
+TEST(FileSistemaPosix, SostituisceIlFileDelCollegamentoENonIlCollegamento) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("pendrino.ini"), vero = cartella.Nome("vero.ini");
+  prova::Scrivi(vero, "vecchio");
+  ASSERT_EQ(symlink("vero.ini", nome.c_str()), 0);
+  EXPECT_TRUE(Sostituisci(nome, "nuovo"));
+  std::string bersaglio;
+  EXPECT_TRUE(Collegamento(nome, &bersaglio));
+  EXPECT_EQ(bersaglio, "vero.ini");
+  EXPECT_EQ(Contenuto(vero), "nuovo");
+  EXPECT_EQ(Contenuto(nome), "nuovo");
+  EXPECT_EQ(prova::FileNellaCartella(cartella), 2u);
+  // Text files take the same road.
+  EXPECT_TRUE(SostituisciFileDiTesto(nome.c_str(), "riga\n", 5));
+  EXPECT_TRUE(Collegamento(nome));
+  EXPECT_EQ(Contenuto(vero), "riga\n");
+}
+
+// A chain of links, relative and absolute, across folders: the temporary
+// file is made beside the last one's target, and nothing is left anywhere.
+TEST(FileSistemaPosix, CatenaDiCollegamentiFinoAlFileVero) {
+  CartellaProva cartella, altrove;
+  ASSERT_EQ(mkdir(altrove.Nome("sotto").c_str(), 0755), 0);
+  const std::string vero = altrove.Nome("sotto/giornale.txt");
+  prova::Scrivi(vero, "vecchio");
+  const std::string primo = cartella.Nome("giornale.txt"), secondo = altrove.Nome("tramite");
+  ASSERT_EQ(symlink("sotto/giornale.txt", secondo.c_str()), 0);
+  ASSERT_EQ(symlink(secondo.c_str(), primo.c_str()), 0);
+  ASSERT_EQ(chmod(vero.c_str(), 0640), 0);
+  EXPECT_TRUE(Sostituisci(primo, "nuovo"));
+  EXPECT_TRUE(Collegamento(primo));
+  EXPECT_TRUE(Collegamento(secondo));
+  EXPECT_EQ(Contenuto(vero), "nuovo");
+  struct stat stato {};
+  ASSERT_EQ(stat(vero.c_str(), &stato), 0);
+  EXPECT_EQ(stato.st_mode & 07777, 0640u);
+  EXPECT_EQ(prova::FileNellaCartella(cartella), 1u);
+  EXPECT_FALSE(Esiste(altrove.Nome("sotto/giornale.txt.tmp")));
+  EXPECT_TRUE(AccodaAlFile(primo.c_str(), "+", 1));
+  EXPECT_EQ(Contenuto(vero), "nuovo+");
+  EXPECT_TRUE(Collegamento(primo));
+}
+
+// A link to a file that does not exist yet: the file is made where it points.
+TEST(FileSistemaPosix, CollegamentoSenzaFileCreaIlFile) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("partita.pgn"), vero = cartella.Nome("vera.pgn");
+  ASSERT_EQ(symlink("vera.pgn", nome.c_str()), 0);
+  EXPECT_TRUE(Sostituisci(nome, "1. e4"));
+  EXPECT_TRUE(Collegamento(nome));
+  EXPECT_EQ(Contenuto(vero), "1. e4");
+  const std::string giornale = cartella.Nome("giornale.txt"), vero_giornale = cartella.Nome("g");
+  ASSERT_EQ(symlink("g", giornale.c_str()), 0);
+  EXPECT_TRUE(AccodaAlFile(giornale.c_str(), "riga\n", 5));
+  EXPECT_TRUE(Collegamento(giornale));
+  EXPECT_EQ(Contenuto(vero_giornale), "riga\n");
+}
+
+// Renaming onto a link moves the file onto the link's target; renaming a
+// link moves the file it names, and the link stays, to name the next one.
+TEST(FileSistemaPosix, RinominaAttraversoICollegamenti) {
+  CartellaProva cartella;
+  const std::string vecchio = cartella.Nome("giornale.txt"), nuovo = cartella.Nome("prec.txt");
+  const std::string vero_nuovo = cartella.Nome("vero_prec.txt");
+  prova::Scrivi(vecchio, "partita");
+  prova::Scrivi(vero_nuovo, "piu' vecchia");
+  ASSERT_EQ(symlink("vero_prec.txt", nuovo.c_str()), 0);
+  EXPECT_TRUE(RinominaFile(vecchio.c_str(), nuovo.c_str()));
+  EXPECT_FALSE(Esiste(vecchio));
+  EXPECT_TRUE(Collegamento(nuovo));
+  EXPECT_EQ(Contenuto(vero_nuovo), "partita");
+
+  const std::string vero_vecchio = cartella.Nome("vero_giornale.txt");
+  prova::Scrivi(vero_vecchio, "altra partita");
+  ASSERT_EQ(symlink("vero_giornale.txt", vecchio.c_str()), 0);
+  EXPECT_TRUE(RinominaFile(vecchio.c_str(), nuovo.c_str()));
+  EXPECT_TRUE(Collegamento(vecchio));
+  EXPECT_FALSE(Esiste(vero_vecchio));
+  EXPECT_TRUE(Collegamento(nuovo));
+  EXPECT_EQ(Contenuto(vero_nuovo), "altra partita");
+  // The next journal goes where the link points.
+  EXPECT_TRUE(Sostituisci(vecchio, "nuova partita"));
+  EXPECT_EQ(Contenuto(vero_vecchio), "nuova partita");
+  EXPECT_TRUE(Collegamento(vecchio));
+}
+
+TEST(FileSistemaPosix, EliminaIlFileDelCollegamento) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("giornale.txt"), vero = cartella.Nome("vero.txt");
+  prova::Scrivi(vero, "x");
+  ASSERT_EQ(symlink("vero.txt", nome.c_str()), 0);
+  EXPECT_TRUE(EliminaFile(nome.c_str()));
+  EXPECT_FALSE(Esiste(vero));
+  EXPECT_TRUE(Collegamento(nome));
+}
+
+// Links in a ring name no file: the writes fail and the links stay.
+TEST(FileSistemaPosix, CollegamentiInCerchioNonSonoUnFile) {
+  CartellaProva cartella;
+  const std::string a = cartella.Nome("a"), b = cartella.Nome("b");
+  ASSERT_EQ(symlink("b", a.c_str()), 0);
+  ASSERT_EQ(symlink("a", b.c_str()), 0);
+  EXPECT_FALSE(Sostituisci(a, "x"));
+  EXPECT_FALSE(AccodaAlFile(a.c_str(), "x", 1));
+  EXPECT_TRUE(Collegamento(a));
+  EXPECT_TRUE(Collegamento(b));
+  EXPECT_EQ(prova::FileNellaCartella(cartella), 2u);
+}
+
 #ifdef __linux__
 // /dev/full answers every write with "no space left on device".
 TEST(FileSistemaPosix, DiscoPienoAccodaFallisce) {
