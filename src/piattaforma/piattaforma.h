@@ -103,7 +103,8 @@ DataOraUTC OraUTC();
 // replaced at the next save.) A name that is a symbolic link stands for the
 // file the link names, in every call below: that file is replaced, appended
 // to, renamed or removed (the temporary file beside it), and the link stays;
-// a link to a missing file makes that file.
+// a link to a missing file makes that file (on Windows, where only an
+// existing file can be found behind a link, such a link is replaced).
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
 // The same for a text with '\n' line ends, written with the system's own
 // (CR LF on Windows).
