@@ -119,6 +119,19 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
 bool RinominaFile(const char* vecchio, const char* nuovo);
 bool EliminaFile(const char* nome);
 
+// Takes an exclusive lock on the file `nome` for the rest of this process's
+// life, so that two programs cannot work in one folder at once. The file is
+// made, empty, when missing, and otherwise never written, replaced or
+// removed: lock a file of its own, never one that is saved by a rename
+// (the lock stays with the old file). The lock goes with the process however
+// it ends (kill -9 included), and the programs it starts (viewers, pagers)
+// do not inherit it.
+// False only when another process holds the lock. True once this process
+// holds it (a second call is harmless), and also when no lock can be taken
+// here at all (a read-only folder without the file, a file system without
+// locks), where nothing says that anyone else is at work.
+bool BloccaFile(const char* nome);
+
 // The command line that opens `file` in the viewer the system associates
 // with it, and running such a line (the screen is redrawn afterwards when the
 // viewer used the terminal).

@@ -1,6 +1,7 @@
 // Files: whole replacement through a temporary file and a rename, appends
 // that reach the disk before the call returns.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -202,6 +203,55 @@ bool EliminaFile(const char* nome_dato) {
   // unlink never removes a folder, as a file call should not.
   if (unlink(nome) != 0) return false;
   SincronizzaCartella(CartellaDi(nome));
+  return true;
+}
+
+namespace {
+
+// The files locked by this process, by identity, so that a second call on
+// the same file (by any name) does not meet our own lock. Their descriptors
+// stay open until the process ends: closing one would let its lock go.
+struct FileBloccato {
+  dev_t dispositivo;
+  ino_t nodo;
+};
+constexpr int MASSIMO_BLOCCHI = 8;
+FileBloccato bloccati[MASSIMO_BLOCCHI];
+int numero_bloccati = 0;
+
+bool GiaBloccato(const struct stat& stato) {
+  for (int i = 0; i < numero_bloccati; ++i)
+    if (bloccati[i].dispositivo == stato.st_dev && bloccati[i].nodo == stato.st_ino) return true;
+  return false;
+}
+
+}  // namespace
+
+bool BloccaFile(const char* nome) {
+  if (!NomeValido(nome)) return true;
+  // flock rather than fcntl locks: they belong to this descriptor, not to
+  // the process, so no other open or close of the same file here lets them
+  // go. The descriptor is closed on exec (Apri), so a viewer or pager that
+  // outlives us does not keep the folder locked.
+  int fd = Apri(nome, O_RDWR | O_CREAT | O_NOCTTY);
+  if (fd < 0 && (errno == EACCES || errno == EROFS || errno == EPERM))
+    fd = Apri(nome, O_RDONLY | O_NOCTTY);  // a lock needs no writing
+  if (fd < 0) return true;
+  struct stat stato {};
+  if (fstat(fd, &stato) == 0 && GiaBloccato(stato)) {
+    Chiudi(fd);
+    return true;
+  }
+  int esito;
+  do {
+    esito = flock(fd, LOCK_EX | LOCK_NB);
+  } while (esito != 0 && errno == EINTR);
+  if (esito != 0) {
+    const bool altrui = errno == EWOULDBLOCK;
+    Chiudi(fd);
+    return !altrui;
+  }
+  if (numero_bloccati < MASSIMO_BLOCCHI) bloccati[numero_bloccati++] = {stato.st_dev, stato.st_ino};
   return true;
 }
 

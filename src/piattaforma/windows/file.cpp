@@ -122,4 +122,53 @@ bool EliminaFile(const char* nome) {
   return NomeValido(nome) && DeleteFileA(FileVero(nome).c_str()) != 0;
 }
 
+namespace {
+
+// The files locked by this process, by identity, so that a second call on
+// the same file does not meet our own lock; their handles stay open until
+// the process ends, when the system lets the locks go.
+struct FileBloccato {
+  DWORD volume, indice_alto, indice_basso;
+};
+constexpr int MASSIMO_BLOCCHI = 8;
+FileBloccato bloccati[MASSIMO_BLOCCHI];
+int numero_bloccati = 0;
+
+}  // namespace
+
+bool BloccaFile(const char* nome) {
+  if (!NomeValido(nome)) return true;
+  // Not inheritable (no security attributes): a viewer started with the
+  // system's own command does not keep the lock.
+  constexpr DWORD CONDIVISO = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  HANDLE file = CreateFileA(nome, GENERIC_READ | GENERIC_WRITE, CONDIVISO, nullptr, OPEN_ALWAYS,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE)
+    file = CreateFileA(nome, GENERIC_READ, CONDIVISO, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+  if (file == INVALID_HANDLE_VALUE) return true;
+  BY_HANDLE_FILE_INFORMATION informazioni{};
+  const bool identificato = GetFileInformationByHandle(file, &informazioni) != 0;
+  const FileBloccato questo{informazioni.dwVolumeSerialNumber, informazioni.nFileIndexHigh,
+                            informazioni.nFileIndexLow};
+  for (int i = 0; identificato && i < numero_bloccati; ++i) {
+    if (bloccati[i].volume == questo.volume && bloccati[i].indice_alto == questo.indice_alto &&
+        bloccati[i].indice_basso == questo.indice_basso) {
+      CloseHandle(file);
+      return true;
+    }
+  }
+  // One byte far past any data: a lock on a range stops others reading it,
+  // and the file must stay readable.
+  OVERLAPPED da{};
+  da.OffsetHigh = 0x7FFFFFFF;
+  if (!LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &da)) {
+    const bool altrui = GetLastError() == ERROR_LOCK_VIOLATION;
+    CloseHandle(file);
+    return !altrui;
+  }
+  if (identificato && numero_bloccati < MASSIMO_BLOCCHI) bloccati[numero_bloccati++] = questo;
+  return true;
+}
+
 }  // namespace piattaforma

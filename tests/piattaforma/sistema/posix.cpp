@@ -4,8 +4,10 @@
 // files whose writing fails on the way.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -467,6 +469,100 @@ TEST(FileSistemaPosix, CollegamentiInCerchioNonSonoUnFile) {
   EXPECT_TRUE(Collegamento(a));
   EXPECT_TRUE(Collegamento(b));
   EXPECT_EQ(prova::FileNellaCartella(cartella), 2u);
+}
+
+// --- The lock that keeps a second program out of the folder ----------------
+
+// Whether someone holds a lock on the file: a lock of our own from a
+// descriptor of its own, which conflicts with any other, this process's too.
+bool BloccatoDaQualcuno(const std::string& nome) {
+  const int fd = open(nome.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  const bool preso = flock(fd, LOCK_EX | LOCK_NB) == 0;
+  close(fd);
+  return !preso;
+}
+
+// Another process holds the lock: it is refused here until that process is
+// killed with -9, and a program it started, still running, does not keep it.
+TEST(FileSistemaPosix, BloccoTenutoFinoAllaFineDelProcesso) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("giornale.blocco");
+  int tubo[2];
+  ASSERT_EQ(pipe(tubo), 0);
+  const pid_t figlio = fork();
+  ASSERT_GE(figlio, 0);
+  if (figlio == 0) {
+    close(tubo[0]);
+    const char esito = BloccaFile(nome.c_str()) ? '1' : '0';
+    // A viewer started from here, once it runs its own program.
+    int avviato[2];
+    if (pipe(avviato) != 0 || fcntl(avviato[1], F_SETFD, FD_CLOEXEC) != 0) _exit(1);
+    const pid_t nipote = fork();
+    if (nipote == 0) {
+      execl("/bin/sleep", "sleep", "30", static_cast<char*>(nullptr));
+      _exit(127);
+    }
+    close(avviato[1]);
+    char nulla;
+    [[maybe_unused]] const ssize_t fine = read(avviato[0], &nulla, 1);  // 0 at its exec
+    if (write(tubo[1], &esito, 1) != 1 || write(tubo[1], &nipote, sizeof nipote) < 0) _exit(1);
+    for (;;) pause();
+  }
+  close(tubo[1]);
+  char esito = 0;
+  pid_t nipote = -1;
+  ASSERT_EQ(read(tubo[0], &esito, 1), 1);
+  ASSERT_EQ(read(tubo[0], &nipote, sizeof nipote), static_cast<ssize_t>(sizeof nipote));
+  close(tubo[0]);
+  EXPECT_EQ(esito, '1');
+  EXPECT_TRUE(Esiste(nome));
+  EXPECT_FALSE(BloccaFile(nome.c_str()));
+  EXPECT_FALSE(BloccaFile(nome.c_str()));
+  kill(figlio, SIGKILL);
+  waitpid(figlio, nullptr, 0);
+  EXPECT_TRUE(BloccaFile(nome.c_str()));
+  EXPECT_TRUE(BloccatoDaQualcuno(nome));
+  if (nipote > 0) kill(nipote, SIGKILL);
+  EXPECT_EQ(Contenuto(nome), "");
+}
+
+// The lock file is opened, never written: bytes already there stay, and a
+// second call of the same process is harmless, even by another name.
+TEST(FileSistemaPosix, BloccoNonScriveIlFile) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("pendrino.blocco");
+  prova::Scrivi(nome, "contenuto");
+  EXPECT_FALSE(BloccatoDaQualcuno(nome));
+  EXPECT_TRUE(BloccaFile(nome.c_str()));
+  EXPECT_TRUE(BloccatoDaQualcuno(nome));
+  EXPECT_TRUE(BloccaFile(nome.c_str()));
+  const std::string collegamento = cartella.Nome("altro_nome");
+  ASSERT_EQ(symlink(nome.c_str(), collegamento.c_str()), 0);
+  EXPECT_TRUE(BloccaFile(collegamento.c_str()));
+  EXPECT_EQ(Contenuto(nome), "contenuto");
+  EXPECT_EQ(prova::FileNellaCartella(cartella), 2u);
+}
+
+// A folder that cannot be written: an existing file is still locked (for
+// reading), a missing one cannot be made and nobody else can hold it.
+TEST(FileSistemaPosix, BloccoInUnaCartellaInSolaLettura) {
+  CartellaProva cartella;
+  const std::string esistente = cartella.Nome("c_era.blocco");
+  const std::string mancante = cartella.Nome("manca.blocco");
+  prova::Scrivi(esistente, "");
+  ASSERT_EQ(chmod(esistente.c_str(), 0444), 0);
+  ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0555), 0);
+  EXPECT_TRUE(BloccaFile(esistente.c_str()));
+  EXPECT_TRUE(BloccatoDaQualcuno(esistente));
+  EXPECT_TRUE(BloccaFile(mancante.c_str()));
+  const bool permessi_ignorati = Esiste(mancante);  // root
+  chmod(cartella.Percorso().c_str(), 0755);
+  if (!permessi_ignorati) {
+    EXPECT_FALSE(Esiste(mancante));
+  }
+  EXPECT_TRUE(BloccaFile(nullptr));
+  EXPECT_TRUE(BloccaFile(""));
 }
 
 #ifdef __linux__
