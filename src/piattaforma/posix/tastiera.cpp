@@ -159,6 +159,15 @@ void Raccogli() {
 
 }  // namespace
 
+void TrattieniIngressoInAttesa() {
+  Raccogli();
+  // Past the queue's room the rest goes: it must not answer the box either.
+  Esito esito;
+  INPUT_RECORD evento;
+  while (LeggiIngresso(stato_principale, esito, evento)) {
+  }
+}
+
 bool PrendiDallaCoda(INPUT_RECORD& evento) {
   if (eventi_in_coda == 0) return false;
   evento = coda[testa_coda];
@@ -179,14 +188,16 @@ uint32_t EventiInAttesa() {
   return static_cast<uint32_t>(eventi_in_coda);
 }
 
-// One key per read: a key typed ahead of a message box stays queued, so the
-// box that the key before it opens finds it and takes it as its answer, as
-// the user meant. The loop asks again at once for the rest.
+// Every key waiting, up to `massimo`, as the console hands them: a box that
+// one of them opens is not answered by the others (it answers only keys
+// pressed while it is shown), so they need not wait here.
 uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
   if (eventi == nullptr || massimo == 0) return 0;
   terminale::Aggiorna();
   terminale::Raccogli();
-  return terminale::PrendiDallaCoda(eventi[0]) ? 1 : 0;
+  uint32_t letti = 0;
+  while (letti < massimo && terminale::PrendiDallaCoda(eventi[letti])) ++letti;
+  return letti;
 }
 
 void AttendiEventi(int64_t millisecondi) {

@@ -54,6 +54,11 @@ Attesa AttendiTerminale(int64_t millisecondi);
 bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento);
 // The oldest key record decoded but not yet handed to the program.
 bool PrendiDallaCoda(INPUT_RECORD& evento);
+// Everything typed so far, read from the terminal and queued for the program
+// behind what was already waiting; called once a box is on the screen, so
+// that only keys pressed after it answer it. What finds the queue full is
+// dropped.
+void TrattieniIngressoInAttesa();
 // Teaches ncurses the extended key sequences.
 void DefinisciSequenze();
 

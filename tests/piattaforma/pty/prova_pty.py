@@ -240,6 +240,34 @@ def prova_tasti_e_riquadro(file_da_vedere):
                   "screen restored under the box\n" + t.testo())
         controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (5, 5), "cursor back")
 
+    # Keys typed before a box is shown do not answer it: they wait, in
+    # order, and reach the program once the box is closed by a key pressed
+    # while it was on the screen.
+    numero = numero_tasti(t) + 1
+    t.invia("bn")  # the answer sent together with the key that opens the box
+    t.attendi(lambda: t.contiene("Attenzione!"), "box opened with a key typed ahead")
+    t.leggi(0.5)
+    controlla(t.contiene("Attenzione!") and not t.contiene("risposta %d:" % numero),
+              "a key typed together with the box's own does not answer it")
+    t.invia("s")
+    t.attendi(lambda: ("risposta %d: 6" % numero) in t.riga(3),
+              "the box answered by the key pressed while it is shown")
+    t.attendi(lambda: ("tasto %d: vk=4E" % (numero + 1)) in t.riga(2),
+              "the key typed ahead reaches the program after the box")
+    numero = numero_tasti(t) + 1
+    t.invia("l")  # work first, then the box
+    time.sleep(0.15)
+    t.invia("\r\x1bn")  # Enter (Sì), then Alt+N, while the program is busy
+    t.attendi(lambda: t.contiene("Attenzione!"), "box after the work")
+    t.leggi(0.5)
+    controlla(t.contiene("Attenzione!") and not t.contiene("risposta %d:" % numero),
+              "keys typed while the program was busy do not answer the box")
+    t.invia("a")
+    t.attendi(lambda: ("risposta %d: 2" % numero) in t.riga(3), "the busy box answered Annulla")
+    t.attendi(lambda: ("tasto %d: vk=4E stato=0002" % (numero + 2)) in t.riga(2),
+              "the keys typed while busy reach the program after the box, in order")
+    controlla(not t.contiene("Attenzione!"), "no box left open by the keys typed ahead")
+
     # OK box: Enter or Esc.
     for chiave in ["\r", "\x1b"]:
         t.invia("o")
