@@ -4,7 +4,7 @@
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
 // Output written with Scrivi becomes visible at the latest when the program
-// next waits for or reads input, opens a message box or sounds a tone.
+// next waits for or reads input or opens a message box.
 #pragma once
 
 #include <cstddef>
@@ -83,8 +83,11 @@ struct PoliticaInterfaccia {
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica);
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
 
-// A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
-// frequencies above hearing are pauses of the same length.
+// A tone of `frequenza` Hz for `durata` ms; frequencies above hearing are
+// pauses of the same length. Tones sound one after the other, in the order
+// of the calls. In a terminal the call returns at once and the tone plays
+// while the program goes on; the Windows console returns once it has
+// sounded. Either way it never brings the screen up to date.
 void Suona(uint32_t frequenza, uint32_t durata);
 
 // Monotonic milliseconds, unaffected by changes of the system time.

@@ -310,6 +310,7 @@ void ApriConsole() {
     std::atexit([] { ChiudiConsole(); });
     chiusura_registrata = true;
   }
+  terminale::PreparaSuono();
   // Our handlers first, so that ncurses leaves these signals to us.
   terminale::ApriSveglia();
   terminale::InstallaGestori();

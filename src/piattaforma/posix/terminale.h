@@ -72,6 +72,10 @@ Idoneita IdoneitaTerminale();
 // when it does not take exactly one column.
 void MettiCarattere(_win_st* finestra, int x, int y, uint32_t carattere, unsigned aspetto = 0);
 
+// Opens the audio device for the tones, once; at the start, so that the
+// first tone does not wait for it.
+void PreparaSuono();
+
 // Sleeps until Millisecondi() reaches `fine`.
 void DormiFinoA(uint64_t fine);
 

@@ -2,6 +2,7 @@
 // replacement fails on the way.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 #include "cartella_prova.h"
@@ -11,6 +12,17 @@
 namespace {
 
 using namespace piattaforma;
+
+// Beep returns once the tone has sounded; a pause is a sleep as long.
+TEST(SistemaWindows, FrequenzaNonUdibileEUnaPausa) {
+  const auto prima = std::chrono::steady_clock::now();
+  Suona(30000, 80);
+  const auto pausa = std::chrono::duration_cast<std::chrono::milliseconds>(
+                         std::chrono::steady_clock::now() - prima)
+                         .count();
+  EXPECT_GE(pausa, 79);
+  EXPECT_LT(pausa, 1500);
+}
 
 TEST(SistemaWindows, ComandoStart) {
   char comando[64];
