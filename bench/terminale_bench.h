@@ -91,8 +91,10 @@ inline void Invia(int fd, const char* testo) {
 }
 
 // pendrino.ini as the program writes it, with the defaults but for the time
-// of the first period: without the file it would stop on a notice box.
-inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_periodo) {
+// of the first period and the first alarm: without the file it would stop
+// on a notice box.
+inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_periodo,
+                               int allarme1 = 15) {
   struct Riga {
     const char *chiave, *descrizione, *unita;
     int predefinito, minimo, massimo;
@@ -114,8 +116,9 @@ inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_peri
   };
   std::ofstream file(cartella + "/pendrino.ini", std::ios::binary);
   for (const Riga& r : righe) {
-    const int valore =
-        std::strcmp(r.chiave, "tempo_primo_periodo") == 0 ? tempo_primo_periodo : r.predefinito;
+    int valore = r.predefinito;
+    if (std::strcmp(r.chiave, "tempo_primo_periodo") == 0) valore = tempo_primo_periodo;
+    if (std::strcmp(r.chiave, "allarme1") == 0) valore = allarme1;
     file << "\n"
          << r.descrizione << " (" << r.unita << ") min: " << r.minimo << " max: " << r.massimo
          << " default: " << r.predefinito << "\n$\t" << r.chiave << "\t" << valore << "\n";
@@ -132,7 +135,8 @@ struct Programma {
   rusage uso = {};
 
   // False, with the reason on stderr, when it could not be started.
-  bool Avvia(const char* binario, const char* terminale, int tempo_primo_periodo) {
+  bool Avvia(const char* binario, const char* terminale, int tempo_primo_periodo,
+             int allarme1 = 15) {
     // The program runs in another directory: keep its path valid there.
     char programma[PATH_MAX];
     if (!realpath(binario, programma)) {
@@ -145,7 +149,7 @@ struct Programma {
       return false;
     }
     cartella = modello;
-    if (!ScriviImpostazioni(cartella, tempo_primo_periodo)) {
+    if (!ScriviImpostazioni(cartella, tempo_primo_periodo, allarme1)) {
       std::fprintf(stderr, "could not write %s/pendrino.ini\n", modello);
       return false;
     }

@@ -4,7 +4,7 @@
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
 // Output written with Scrivi becomes visible at the latest when the program
-// next waits for or reads input, opens a message box or sounds a tone.
+// next waits for or reads input or opens a message box.
 #pragma once
 
 #include <cstddef>
@@ -83,8 +83,11 @@ struct PoliticaInterfaccia {
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica);
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
 
-// A tone of `frequenza` Hz for `durata` ms, returning when it has sounded;
-// frequencies above hearing are pauses of the same length.
+// A tone of `frequenza` Hz for `durata` ms; frequencies above hearing are
+// pauses of the same length. Tones sound one after the other, in the order
+// of the calls. In a terminal the call returns at once and the tone plays
+// while the program goes on; the Windows console returns once it has
+// sounded. Either way it never brings the screen up to date.
 void Suona(uint32_t frequenza, uint32_t durata);
 
 // Monotonic milliseconds, unaffected by changes of the system time.
@@ -100,7 +103,11 @@ DataOraUTC OraUTC();
 // crash sees the old file or the new one, never a mix. False when the file
 // could not be written; the old file is then untouched.
 // (The temporary file is `nome` followed by ".tmp"; one left by a crash is
-// replaced at the next save.)
+// replaced at the next save.) A name that is a symbolic link stands for the
+// file the link names, in every call below: that file is replaced, appended
+// to, renamed or removed (the temporary file beside it), and the link stays;
+// a link to a missing file makes that file (on Windows, where only an
+// existing file can be found behind a link, such a link is replaced).
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza);
 // The same for a text with '\n' line ends, written with the system's own
 // (CR LF on Windows).
@@ -114,6 +121,19 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
 // Renames a file (replacing `nuovo` if it exists); removes a file. False on failure.
 bool RinominaFile(const char* vecchio, const char* nuovo);
 bool EliminaFile(const char* nome);
+
+// Takes an exclusive lock on the file `nome` for the rest of this process's
+// life, so that two programs cannot work in one folder at once. The file is
+// made, empty, when missing, and otherwise never written, replaced or
+// removed: lock a file of its own, never one that is saved by a rename
+// (the lock stays with the old file). The lock goes with the process however
+// it ends (kill -9 included), and the programs it starts (viewers, pagers)
+// do not inherit it.
+// False only when another process holds the lock. True once this process
+// holds it (a second call is harmless), and also when no lock can be taken
+// here at all (a read-only folder without the file, a file system without
+// locks), where nothing says that anyone else is at work.
+bool BloccaFile(const char* nome);
 
 // The command line that opens `file` in the viewer the system associates
 // with it, and running such a line (the screen is redrawn afterwards when the

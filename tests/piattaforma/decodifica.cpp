@@ -299,6 +299,32 @@ TEST(Decodifica, TastierinoApplicazione) {
   EXPECT_TRUE(Da(Sequenza("\033O5M"), {VK_RETURN, CTRL}));
 }
 
+// tmux 3.3 forwards a modified keypad key in the CSI-u form with its own
+// private code point for the key (U+10E1AC for keypad slash onwards).
+TEST(Decodifica, TastierinoModificatoDaTmux) {
+  EXPECT_TRUE(Da(Sequenza("\033[1106358;5u"), {VK_NUMPAD1, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106359;5u"), {VK_NUMPAD2, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106358;6u"), {VK_NUMPAD1, CTRL | SHIFT}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106358;3u"), {VK_NUMPAD1, ALT}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106356;3u"), {VK_NUMPAD5, ALT}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106351;5u"), {static_cast<WORD>(VK_NUMPAD0 + 7), CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106353;5u"), {VK_NUMPAD9, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106362;5u"), {VK_NUMPAD0, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106348;5u"), {VK_DIVIDE, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106349;5u"), {VK_MULTIPLY, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106350;5u"), {VK_SUBTRACT, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106354;5u"), {VK_ADD, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106361;5u"), {VK_RETURN, CTRL}));
+  EXPECT_TRUE(Da(Sequenza("\033[1106363;5u"), {VK_DECIMAL, CTRL}));
+  // Alt alone keeps the digit, as the plain key does.
+  EXPECT_EQ(CarattereDi(Sequenza("\033[1106358;3u")), '1');
+  Tasto t{};
+  EXPECT_FALSE(TastoDaSequenza("\033[1106347;5u", t));
+  EXPECT_FALSE(TastoDaSequenza("\033[1106364;5u", t));
+  EXPECT_FALSE(TastoDaSequenza("\033[11063580;5u", t));
+  EXPECT_FALSE(TastoDaSequenza("\033[27;5;1106358~", t));
+}
+
 TEST(Decodifica, EscDaSoloDavantiAParentesi) {
   // ESC [ or ESC O with nothing behind is Alt+[ or Alt+O.
   EXPECT_TRUE(Da(Sequenza("\033["), {VK_OEM_4, ALT}));

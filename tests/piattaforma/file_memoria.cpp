@@ -159,6 +159,51 @@ TEST_F(FileInMemoria, NomiEDatiNonValidi) {
   EXPECT_FALSE(memoria::EsisteFile("g"));
 }
 
+TEST_F(FileInMemoria, BloccoPresoCreaIlFileVuotoSenzaScrivere) {
+  EXPECT_FALSE(memoria::BloccoPreso("giornale.blocco"));
+  EXPECT_TRUE(BloccaFile("giornale.blocco"));
+  EXPECT_TRUE(memoria::BloccoPreso("giornale.blocco"));
+  EXPECT_TRUE(memoria::EsisteFile("giornale.blocco"));
+  EXPECT_EQ(memoria::ContenutoFile("giornale.blocco"), "");
+  EXPECT_EQ(memoria::ScrittureFile(), 0u);
+  // Twice in one program is harmless; a file already there keeps its bytes.
+  EXPECT_TRUE(BloccaFile("giornale.blocco"));
+  memoria::ImpostaFile("altro.blocco", "resta");
+  EXPECT_TRUE(BloccaFile("altro.blocco"));
+  EXPECT_EQ(memoria::ContenutoFile("altro.blocco"), "resta");
+  EXPECT_TRUE(memoria::BloccoPreso("altro.blocco"));
+}
+
+TEST_F(FileInMemoria, BloccoTenutoDaUnAltroProcesso) {
+  memoria::ImpostaFileBloccato("giornale.blocco", true);
+  EXPECT_TRUE(memoria::EsisteFile("giornale.blocco"));
+  EXPECT_FALSE(BloccaFile("giornale.blocco"));
+  EXPECT_FALSE(memoria::BloccoPreso("giornale.blocco"));
+  EXPECT_TRUE(BloccaFile("altro.blocco"));
+  memoria::ImpostaFileBloccato("giornale.blocco", false);
+  EXPECT_TRUE(memoria::EsisteFile("giornale.blocco"));
+  EXPECT_TRUE(BloccaFile("giornale.blocco"));
+  EXPECT_TRUE(memoria::BloccoPreso("giornale.blocco"));
+  // Azzera lets every lock go, ours and the other process's.
+  memoria::ImpostaFileBloccato("terzo.blocco", true);
+  memoria::Azzera();
+  EXPECT_FALSE(memoria::BloccoPreso("giornale.blocco"));
+  EXPECT_TRUE(BloccaFile("terzo.blocco"));
+}
+
+TEST_F(FileInMemoria, BloccoImpossibileNonDiceChePendrinoEInUso) {
+  memoria::ImpostaSolaLettura(true);
+  EXPECT_TRUE(BloccaFile("giornale.blocco"));
+  EXPECT_FALSE(memoria::EsisteFile("giornale.blocco"));
+  EXPECT_FALSE(memoria::BloccoPreso("giornale.blocco"));
+  // An existing file can be locked on a read-only disk.
+  memoria::ImpostaFile("giornale.blocco", "");
+  EXPECT_TRUE(BloccaFile("giornale.blocco"));
+  EXPECT_TRUE(memoria::BloccoPreso("giornale.blocco"));
+  EXPECT_TRUE(BloccaFile(nullptr));
+  EXPECT_TRUE(BloccaFile(""));
+}
+
 TEST_F(FileInMemoria, AzzeraSvuotaEToglieILimiti) {
   memoria::ImpostaFile("a", "A");
   memoria::ImpostaCapienzaFile(0);

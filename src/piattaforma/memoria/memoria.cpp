@@ -7,6 +7,7 @@
 #include <deque>
 #include <limits>
 #include <map>
+#include <set>
 #include <utility>
 
 #include "piattaforma/testo.h"
@@ -53,6 +54,7 @@ struct Stato {
   size_t capienza_file = std::numeric_limits<size_t>::max();
   bool sola_lettura = false;
   size_t scritture = 0;
+  std::set<std::string> bloccati_altrove, bloccati_qui;
   piattaforma::PoliticaInterfaccia politica;
   const char* sezione_tasti = nullptr;
 };
@@ -151,6 +153,15 @@ void RimuoviFile(const std::string& nome) { S().file.erase(nome); }
 void ImpostaCapienzaFile(size_t byte) { S().capienza_file = byte; }
 void ImpostaSolaLettura(bool sola_lettura) { S().sola_lettura = sola_lettura; }
 size_t ScrittureFile() { return S().scritture; }
+void ImpostaFileBloccato(const std::string& nome, bool bloccato) {
+  if (bloccato) {
+    S().bloccati_altrove.insert(nome);
+    S().file.emplace(nome, std::string());
+  } else {
+    S().bloccati_altrove.erase(nome);
+  }
+}
+bool BloccoPreso(const std::string& nome) { return S().bloccati_qui.count(nome) > 0; }
 void ImpostaSezioneTastiAlternativi(const char* sezione) { S().sezione_tasti = sezione; }
 
 }  // namespace memoria
@@ -274,6 +285,17 @@ bool RinominaFile(const char* vecchio, const char* nuovo) {
 bool EliminaFile(const char* nome) {
   if (!memoria::NomeValido(nome) || S().sola_lettura) return false;
   return S().file.erase(nome) > 0;
+}
+
+bool BloccaFile(const char* nome) {
+  if (!memoria::NomeValido(nome)) return true;
+  if (S().bloccati_altrove.count(nome)) return false;
+  if (!S().file.count(nome)) {
+    if (S().sola_lettura) return true;
+    S().file.emplace(nome, std::string());
+  }
+  S().bloccati_qui.insert(nome);
+  return true;
 }
 
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }

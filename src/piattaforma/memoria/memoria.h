@@ -93,6 +93,15 @@ void ImpostaSolaLettura(bool sola_lettura);
 // Calls of SostituisciFile and AccodaAlFile since Azzera, failed ones too.
 size_t ScrittureFile();
 
+// Locks of BloccaFile. Another process holding (or letting go of) the lock
+// on `nome`: while it holds it, BloccaFile(nome) is false; holding it, that
+// process made the file, so an empty one is put in the store when missing.
+// BloccoPreso tells whether this program took the lock on `nome`; a taken
+// lock, like the real one, makes the file (empty) when missing, unless the
+// disk is read-only, and counts as no write. Azzera lets every lock go.
+void ImpostaFileBloccato(const std::string& nome, bool bloccato);
+bool BloccoPreso(const std::string& nome);
+
 // What SezioneTastiAlternativi returns; nullptr (as on Windows) after Azzera.
 void ImpostaSezioneTastiAlternativi(const char* sezione);
 

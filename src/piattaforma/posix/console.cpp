@@ -217,6 +217,8 @@ void RilasciaTerminale() {
 void RiprendiTerminale() {
   if (!video.aperto) return;
   reset_prog_mode();
+  // The pager, or the shell while we were stopped, may have set its own.
+  InviaTitolo();
   InviaRichieste();
   ControllaDimensioni();
   touchwin(video.schermo);
@@ -308,6 +310,7 @@ void ApriConsole() {
     std::atexit([] { ChiudiConsole(); });
     chiusura_registrata = true;
   }
+  terminale::PreparaSuono();
   // Our handlers first, so that ncurses leaves these signals to us.
   terminale::ApriSveglia();
   terminale::InstallaGestori();

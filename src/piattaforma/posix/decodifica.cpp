@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 namespace piattaforma::terminale {
 
@@ -229,7 +230,8 @@ int LeggiParametri(const char* testo, const char* fine, unsigned parametri[3]) {
     unsigned valore = 0;
     bool cifre = false;
     while (testo < fine && ECifra(*testo)) {
-      if (valore < 100000) valore = valore * 10 + static_cast<unsigned>(*testo - '0');
+      // Seven digits reach the private code points of tmux's keypad keys.
+      if (valore < 10000000) valore = valore * 10 + static_cast<unsigned>(*testo - '0');
       cifre = true;
       ++testo;
     }
@@ -250,6 +252,25 @@ void AggiungiModificatore(Tasto& tasto, unsigned modificatore) {
     tasto.carattere = CarattereConCtrl(tasto.codice_virtuale);
 }
 
+// tmux 3.3 forwards a modified keypad key in the CSI-u form with its own
+// code for the key, a private code point: keypad slash first, then the keys
+// row by row as they lie on the keypad.
+constexpr unsigned PRIMO_TASTIERINO_TMUX = 0x10E1AC;
+bool TastoDelTastierinoTmux(unsigned codice, Tasto& tasto) {
+  constexpr Tasto tasti[] = {
+      {VK_DIVIDE, 0, '/'},      {VK_MULTIPLY, 0, '*'},    {VK_SUBTRACT, 0, '-'},
+      {VK_NUMPAD0 + 7, 0, '7'}, {VK_NUMPAD0 + 8, 0, '8'}, {VK_NUMPAD9, 0, '9'},
+      {VK_ADD, 0, '+'},         {VK_NUMPAD4, 0, '4'},     {VK_NUMPAD5, 0, '5'},
+      {VK_NUMPAD0 + 6, 0, '6'}, {VK_NUMPAD1, 0, '1'},     {VK_NUMPAD2, 0, '2'},
+      {VK_NUMPAD3, 0, '3'},     {VK_RETURN, 0, 13},       {VK_NUMPAD0, 0, '0'},
+      {VK_DECIMAL, 0, '.'},
+  };
+  if (codice < PRIMO_TASTIERINO_TMUX || codice - PRIMO_TASTIERINO_TMUX >= std::size(tasti))
+    return false;
+  tasto = tasti[codice - PRIMO_TASTIERINO_TMUX];
+  return true;
+}
+
 bool TastoDaCsi(const char* corpo, size_t lunghezza, Tasto& tasto) {
   if (lunghezza == 0) return false;
   const char finale = corpo[lunghezza - 1];
@@ -264,6 +285,10 @@ bool TastoDaCsi(const char* corpo, size_t lunghezza, Tasto& tasto) {
   if (n < 0) return false;
   if (finale == 'u') {
     if (n < 1) return false;
+    if (TastoDelTastierinoTmux(p[0], tasto)) {
+      if (n >= 2) AggiungiModificatore(tasto, p[1]);
+      return true;
+    }
     return TastoModificato(p[0], n >= 2 ? p[1] : 1, tasto);
   }
   if (finale == '~') {

@@ -1,6 +1,7 @@
 // Files: whole replacement through a temporary file and a rename, appends
 // that reach the disk before the call returns.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -79,11 +80,39 @@ void SincronizzaCartella(const std::string& cartella) {
   Chiudi(fd);
 }
 
+// The file a name stands for. A symbolic link is followed, link after link,
+// to the file it names, so that a save replaces that file and the links
+// stay as the user made them; a link to a file that does not exist yet
+// names the file to make. Empty when the links go round in a ring (or too
+// deep to follow): no file is meant, and the call fails.
+std::string FileVero(const char* nome) {
+  constexpr int MASSIMO_COLLEGAMENTI = 40;  // as the kernel's own limit
+  std::string percorso = nome;
+  for (int salti = 0; salti <= MASSIMO_COLLEGAMENTI; ++salti) {
+    struct stat stato {};
+    if (lstat(percorso.c_str(), &stato) != 0 || !S_ISLNK(stato.st_mode)) return percorso;
+    std::string bersaglio(stato.st_size > 0 ? static_cast<size_t>(stato.st_size) + 1 : 256, 0);
+    const ssize_t n = readlink(percorso.c_str(), bersaglio.data(), bersaglio.size());
+    // Unreadable, or changed under us: no file can be named with certainty.
+    if (n <= 0 || static_cast<size_t>(n) >= bersaglio.size()) return std::string();
+    bersaglio.resize(static_cast<size_t>(n));
+    if (bersaglio[0] != '/') {
+      const std::string cartella = CartellaDi(percorso.c_str());
+      if (cartella != ".") bersaglio = (cartella == "/" ? "" : cartella) + "/" + bersaglio;
+    }
+    percorso = bersaglio;
+  }
+  return std::string();
+}
+
 }  // namespace
 
-bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
-  const std::string temporaneo = std::string(nome) + ".tmp";
+bool SostituisciFile(const char* nome_dato, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  const std::string vero = FileVero(nome_dato);
+  if (vero.empty()) return false;
+  const char* nome = vero.c_str();
+  const std::string temporaneo = vero + ".tmp";
   // A leftover of an interrupted save goes; a link in its place is removed,
   // never followed, and anything else there (a folder) makes the save fail.
   unlink(temporaneo.c_str());
@@ -134,8 +163,11 @@ int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t 
   return static_cast<int64_t>(letti);
 }
 
-bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+bool AccodaAlFile(const char* nome_dato, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  const std::string vero = FileVero(nome_dato);
+  if (vero.empty()) return false;
+  const char* nome = vero.c_str();
   bool creato = false;
   int fd = Apri(nome, O_WRONLY | O_APPEND);
   if (fd < 0 && errno == ENOENT) {
@@ -149,8 +181,12 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
   return riuscito;
 }
 
-bool RinominaFile(const char* vecchio, const char* nuovo) {
-  if (!NomeValido(vecchio) || !NomeValido(nuovo)) return false;
+bool RinominaFile(const char* vecchio_dato, const char* nuovo_dato) {
+  if (!NomeValido(vecchio_dato) || !NomeValido(nuovo_dato)) return false;
+  // The file moves from where one link points to where the other does.
+  const std::string vero_vecchio = FileVero(vecchio_dato), vero_nuovo = FileVero(nuovo_dato);
+  if (vero_vecchio.empty() || vero_nuovo.empty()) return false;
+  const char *vecchio = vero_vecchio.c_str(), *nuovo = vero_nuovo.c_str();
   if (rename(vecchio, nuovo) != 0) return false;
   const std::string cartella_nuovo = CartellaDi(nuovo), cartella_vecchio = CartellaDi(vecchio);
   SincronizzaCartella(cartella_nuovo);
@@ -158,11 +194,64 @@ bool RinominaFile(const char* vecchio, const char* nuovo) {
   return true;
 }
 
-bool EliminaFile(const char* nome) {
-  if (!NomeValido(nome)) return false;
+bool EliminaFile(const char* nome_dato) {
+  if (!NomeValido(nome_dato)) return false;
+  // A link stays, to name the file made next.
+  const std::string vero = FileVero(nome_dato);
+  if (vero.empty()) return false;
+  const char* nome = vero.c_str();
   // unlink never removes a folder, as a file call should not.
   if (unlink(nome) != 0) return false;
   SincronizzaCartella(CartellaDi(nome));
+  return true;
+}
+
+namespace {
+
+// The files locked by this process, by identity, so that a second call on
+// the same file (by any name) does not meet our own lock. Their descriptors
+// stay open until the process ends: closing one would let its lock go.
+struct FileBloccato {
+  dev_t dispositivo;
+  ino_t nodo;
+};
+constexpr int MASSIMO_BLOCCHI = 8;
+FileBloccato bloccati[MASSIMO_BLOCCHI];
+int numero_bloccati = 0;
+
+bool GiaBloccato(const struct stat& stato) {
+  for (int i = 0; i < numero_bloccati; ++i)
+    if (bloccati[i].dispositivo == stato.st_dev && bloccati[i].nodo == stato.st_ino) return true;
+  return false;
+}
+
+}  // namespace
+
+bool BloccaFile(const char* nome) {
+  if (!NomeValido(nome)) return true;
+  // flock rather than fcntl locks: they belong to this descriptor, not to
+  // the process, so no other open or close of the same file here lets them
+  // go. The descriptor is closed on exec (Apri), so a viewer or pager that
+  // outlives us does not keep the folder locked.
+  int fd = Apri(nome, O_RDWR | O_CREAT | O_NOCTTY);
+  if (fd < 0 && (errno == EACCES || errno == EROFS || errno == EPERM))
+    fd = Apri(nome, O_RDONLY | O_NOCTTY);  // a lock needs no writing
+  if (fd < 0) return true;
+  struct stat stato {};
+  if (fstat(fd, &stato) == 0 && GiaBloccato(stato)) {
+    Chiudi(fd);
+    return true;
+  }
+  int esito;
+  do {
+    esito = flock(fd, LOCK_EX | LOCK_NB);
+  } while (esito != 0 && errno == EINTR);
+  if (esito != 0) {
+    const bool altrui = errno == EWOULDBLOCK;
+    Chiudi(fd);
+    return !altrui;
+  }
+  if (numero_bloccati < MASSIMO_BLOCCHI) bloccati[numero_bloccati++] = {stato.st_dev, stato.st_ino};
   return true;
 }
 

@@ -95,15 +95,15 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   video.riquadro_altezza = imp.altezza;
   video.da_aggiornare = true;
   terminale::Aggiorna();
+  // The box is on the terminal now. Keys typed before it were meant for the
+  // screen under it (a move typed as a flag falls): they wait for the loop,
+  // in order, and only keys pressed from here on answer the box.
+  terminale::TrattieniIngressoInAttesa();
 
   // Esc answers at once here: no sticky prefixes inside the box.
   terminale::StatoDecodifica stato;
   stato.prefissi_attivi = false;
   int risposta = 0;
-  // Keys typed ahead of the box answer it first.
-  INPUT_RECORD in_anticipo;
-  while (risposta == 0 && terminale::RiquadroVisibile() && terminale::PrendiDallaCoda(in_anticipo))
-    risposta = terminale::RispostaDaTasto(stile, in_anticipo);
   // The wait wakes for the heartbeat too, while one is installed.
   uint64_t prossimo_battito = Millisecondi() + INTERVALLO_BATTITO;
   while (risposta == 0) {

@@ -1,15 +1,23 @@
-// Tones through PortAudio: a sine written to the default output device with
-// the blocking interface, returning once it has sounded, like Beep. With no
-// device, or for a frequency outside hearing, a silence of the same length.
+// Tones through PortAudio without holding the program: Suona puts the tone in
+// a queue and returns, and the default output device's callback plays the
+// queue, tone after tone, each for its whole length (a frequency outside
+// hearing is a silence as long). The stream runs only while there is
+// something to play: the callback ends it once the queue is empty, and a
+// small thread of ours starts it again when a tone comes, so that neither
+// the loop nor an idle program pays for the device. With no device, tones
+// are not kept: nothing would sound, and nothing waits for them.
 #include <fcntl.h>
 #include <portaudio.h>
 #include <unistd.h>
 
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
+#include <thread>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/onda.h"
+#include "piattaforma/posix/coda_toni.h"
 #include "piattaforma/posix/terminale.h"
 
 namespace piattaforma::terminale {
@@ -19,7 +27,19 @@ namespace {
 enum class StatoAudio : uint8_t { DaProvare, Pronto, Assente };
 StatoAudio audio = StatoAudio::DaProvare;
 PaStream* flusso = nullptr;
-uint32_t campionamento = 48000;
+CodaToni coda;
+
+// The starter thread and what it waits for: a tone queued while the stream
+// is not playing, or the end.
+std::thread avviatore;
+std::mutex guardia;
+std::condition_variable sveglia;
+bool fermo = true;  // the stream plays nothing (never started, or ended)
+bool fine = false;
+
+// At exit, tones still waiting may finish for this long at most: the last
+// confirmation is heard whole, and leaving never hangs on a device.
+constexpr uint64_t ATTESA_MASSIMA_USCITA = 1000;
 
 // ALSA and JACK report a missing device with many lines on stderr, which
 // would land on the screen: stderr goes to /dev/null around PortAudio.
@@ -46,72 +66,114 @@ class Silenzio {
   int salvato_ = -1;
 };
 
-void ChiudiAudio() {
-  Silenzio silenzio;
-  if (flusso) Pa_CloseStream(flusso);
-  flusso = nullptr;
-  Pa_Terminate();
+// The device's own thread: samples only, no allocation, no lock.
+int Richiamo(const void*, void* uscita, unsigned long fotogrammi, const PaStreamCallbackTimeInfo*,
+             PaStreamCallbackFlags, void*) {
+  const size_t dai_toni = coda.Riempi(static_cast<float*>(uscita), fotogrammi);
+  // Ended once the queue is empty; what is already in the buffers still plays.
+  return dai_toni < fotogrammi && coda.Vuota() ? paComplete : paContinue;
 }
 
-bool PreparaAudio() {
-  if (audio != StatoAudio::DaProvare) return audio == StatoAudio::Pronto;
+// Called by PortAudio once the stream has played its last buffer.
+void FlussoFinito(void*) {
+  std::lock_guard<std::mutex> chiave(guardia);
+  fermo = true;
+  sveglia.notify_one();
+}
+
+void Avviatore() {
+  for (;;) {
+    {
+      std::unique_lock<std::mutex> chiave(guardia);
+      sveglia.wait(chiave, [] { return fine || (fermo && !coda.Vuota()); });
+      if (fine) return;
+    }
+    // A stream that ended by itself must be stopped before it starts again.
+    if (Pa_IsStreamStopped(flusso) != 1) Pa_StopStream(flusso);
+    {
+      std::lock_guard<std::mutex> chiave(guardia);
+      fermo = false;
+    }
+    if (Pa_StartStream(flusso) != paNoError) {
+      // The device refuses: these tones cannot sound, and must not pile up.
+      coda.Svuota();
+      std::lock_guard<std::mutex> chiave(guardia);
+      fermo = true;
+    }
+  }
+}
+
+void ChiudiAudio() {
+  if (audio != StatoAudio::Pronto) return;
+  const uint64_t limite = Millisecondi() + (coda.MillisecondiInCoda() < ATTESA_MASSIMA_USCITA
+                                                ? coda.MillisecondiInCoda()
+                                                : ATTESA_MASSIMA_USCITA);
+  while (!coda.Vuota() && Millisecondi() < limite) DormiFinoA(Millisecondi() + 5);
+  {
+    std::lock_guard<std::mutex> chiave(guardia);
+    fine = true;
+    sveglia.notify_one();
+  }
+  if (avviatore.joinable()) avviatore.join();
+  Silenzio silenzio;
+  // Stopping plays what the buffers hold (at most the device's latency);
+  // a tone cut by the limit above ends there.
+  if (Pa_IsStreamStopped(flusso) != 1) Pa_StopStream(flusso);
+  Pa_CloseStream(flusso);
+  flusso = nullptr;
+  Pa_Terminate();
+  audio = StatoAudio::Assente;
+}
+
+}  // namespace
+
+void PreparaSuono() {
+  if (audio != StatoAudio::DaProvare) return;
   audio = StatoAudio::Assente;
   Silenzio silenzio;
-  if (Pa_Initialize() != paNoError) return false;
-  std::atexit(ChiudiAudio);
+  if (Pa_Initialize() != paNoError) return;
   const PaDeviceIndex dispositivo = Pa_GetDefaultOutputDevice();
-  if (dispositivo == paNoDevice) return false;
-  const PaDeviceInfo* informazioni = Pa_GetDeviceInfo(dispositivo);
-  if (informazioni == nullptr) return false;
-  if (informazioni->defaultSampleRate >= 8000 && informazioni->defaultSampleRate <= 192000)
+  const PaDeviceInfo* informazioni =
+      dispositivo == paNoDevice ? nullptr : Pa_GetDeviceInfo(dispositivo);
+  uint32_t campionamento = 48000;
+  if (informazioni && informazioni->defaultSampleRate >= 8000 &&
+      informazioni->defaultSampleRate <= 192000)
     campionamento = static_cast<uint32_t>(informazioni->defaultSampleRate);
   PaStreamParameters uscita{};
   uscita.device = dispositivo;
   uscita.channelCount = 1;
   uscita.sampleFormat = paFloat32;
-  uscita.suggestedLatency = informazioni->defaultLowOutputLatency;
-  if (Pa_OpenStream(&flusso, nullptr, &uscita, campionamento, paFramesPerBufferUnspecified,
-                    paClipOff, nullptr, nullptr) != paNoError) {
+  if (informazioni) uscita.suggestedLatency = informazioni->defaultLowOutputLatency;
+  coda.ImpostaCampionamento(campionamento);
+  if (informazioni == nullptr ||
+      Pa_OpenStream(&flusso, nullptr, &uscita, campionamento, paFramesPerBufferUnspecified,
+                    paClipOff, Richiamo, nullptr) != paNoError ||
+      Pa_SetStreamFinishedCallback(flusso, FlussoFinito) != paNoError) {
+    if (flusso) Pa_CloseStream(flusso);
     flusso = nullptr;
-    return false;
+    Pa_Terminate();
+    return;
   }
+  avviatore = std::thread(Avviatore);
   audio = StatoAudio::Pronto;
-  return true;
+  std::atexit(ChiudiAudio);
 }
-
-bool SuonaTono(uint32_t frequenza, uint32_t durata) {
-  Silenzio silenzio;
-  if (Pa_StartStream(flusso) != paNoError) return false;
-  const size_t totale = CampioniTono(durata, campionamento);
-  static float blocco[1024];
-  bool riuscito = true;
-  for (size_t inizio = 0; inizio < totale && riuscito; inizio += 1024) {
-    const size_t quanti = totale - inizio < 1024 ? totale - inizio : 1024;
-    RiempiTono(blocco, inizio, quanti, totale, frequenza, campionamento);
-    const PaError esito = Pa_WriteStream(flusso, blocco, static_cast<unsigned long>(quanti));
-    riuscito = esito == paNoError || esito == paOutputUnderflowed;
-  }
-  // Stopping waits until the last samples have been played.
-  Pa_StopStream(flusso);
-  return riuscito;
-}
-
-}  // namespace
 
 }  // namespace piattaforma::terminale
 
 namespace piattaforma {
 
-// The screen is not brought up to date here: a tone sounds in the middle of
-// a command, before the game journal has its records, and the terminal must
-// never show what a crash would lose. The loop shows it right after.
+// Never waits and never brings the screen up to date: a tone sounds in the
+// middle of a command, before the game journal has its records, and the
+// terminal must never show what a crash would lose. The loop writes the
+// journal and then shows the screen, while the tone plays.
 void Suona(uint32_t frequenza, uint32_t durata) {
   if (durata == 0) return;
-  const uint64_t fine = Millisecondi() + durata;
-  if (terminale::Udibile(frequenza) && terminale::PreparaAudio() &&
-      terminale::SuonaTono(frequenza, durata))
-    return;
-  terminale::DormiFinoA(fine);
+  terminale::PreparaSuono();
+  if (terminale::audio != terminale::StatoAudio::Pronto) return;
+  if (!terminale::coda.Accoda(frequenza, durata)) return;
+  std::lock_guard<std::mutex> chiave(terminale::guardia);
+  if (terminale::fermo) terminale::sveglia.notify_one();
 }
 
 }  // namespace piattaforma

@@ -73,11 +73,30 @@ void DopoEsc(Ingresso& ingresso, char* sequenza) {
 
 }  // namespace
 
+namespace {
+
+// ESC O p .. ESC O y are the keypad's digits in application mode, which
+// ncurses turns on with the keypad: the terminal sends them with Num Lock
+// on (with it off, the keys send the cursor block's own sequences). Some
+// terminal descriptions name them as the corners and middle of a cursor pad
+// (xterm's kc1 is ESC O q), which would turn a typed 1 into End.
+bool CifraDelTastierino(const char* sequenza) {
+  const size_t lunghezza = std::strlen(sequenza);
+  if (lunghezza < 3 || sequenza[1] != 'O') return false;
+  const char finale = sequenza[lunghezza - 1];
+  return finale >= 'p' && finale <= 'y';
+}
+
+}  // namespace
+
 void DefinisciSequenze() {
   char sequenza[DIMENSIONE_SEQUENZA];
   for (int i = 0; i < NUMERO_SEQUENZE; ++i) {
     ComponiSequenza(i, sequenza);
-    // Sequences the terminal description already names keep their names.
+    // Sequences the terminal description already names keep their names,
+    // but for the keypad's digits.
+    const int definita = key_defined(sequenza);
+    if (definita > 0 && CifraDelTastierino(sequenza)) define_key(sequenza, 0);
     if (key_defined(sequenza) == 0) define_key(sequenza, PRIMO_CODICE_SEQUENZA + i);
   }
 }
@@ -140,6 +159,15 @@ void Raccogli() {
 
 }  // namespace
 
+void TrattieniIngressoInAttesa() {
+  Raccogli();
+  // Past the queue's room the rest goes: it must not answer the box either.
+  Esito esito;
+  INPUT_RECORD evento;
+  while (LeggiIngresso(stato_principale, esito, evento)) {
+  }
+}
+
 bool PrendiDallaCoda(INPUT_RECORD& evento) {
   if (eventi_in_coda == 0) return false;
   evento = coda[testa_coda];
@@ -160,14 +188,16 @@ uint32_t EventiInAttesa() {
   return static_cast<uint32_t>(eventi_in_coda);
 }
 
-// One key per read: a key typed ahead of a message box stays queued, so the
-// box that the key before it opens finds it and takes it as its answer, as
-// the user meant. The loop asks again at once for the rest.
+// Every key waiting, up to `massimo`, as the console hands them: a box that
+// one of them opens is not answered by the others (it answers only keys
+// pressed while it is shown), so they need not wait here.
 uint32_t LeggiEventi(INPUT_RECORD* eventi, uint32_t massimo) {
   if (eventi == nullptr || massimo == 0) return 0;
   terminale::Aggiorna();
   terminale::Raccogli();
-  return terminale::PrendiDallaCoda(eventi[0]) ? 1 : 0;
+  uint32_t letti = 0;
+  while (letti < massimo && terminale::PrendiDallaCoda(eventi[letti])) ++letti;
+  return letti;
 }
 
 void AttendiEventi(int64_t millisecondi) {

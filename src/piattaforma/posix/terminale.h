@@ -54,6 +54,11 @@ Attesa AttendiTerminale(int64_t millisecondi);
 bool LeggiIngresso(StatoDecodifica& stato, Esito& esito, INPUT_RECORD& evento);
 // The oldest key record decoded but not yet handed to the program.
 bool PrendiDallaCoda(INPUT_RECORD& evento);
+// Everything typed so far, read from the terminal and queued for the program
+// behind what was already waiting; called once a box is on the screen, so
+// that only keys pressed after it answer it. What finds the queue full is
+// dropped.
+void TrattieniIngressoInAttesa();
 // Teaches ncurses the extended key sequences.
 void DefinisciSequenze();
 
@@ -66,6 +71,10 @@ Idoneita IdoneitaTerminale();
 // (ncurses A_* bits), as a space when it is a control character and as '?'
 // when it does not take exactly one column.
 void MettiCarattere(_win_st* finestra, int x, int y, uint32_t carattere, unsigned aspetto = 0);
+
+// Opens the audio device for the tones, once; at the start, so that the
+// first tone does not wait for it.
+void PreparaSuono();
 
 // Sleeps until Millisecondi() reaches `fine`.
 void DormiFinoA(uint64_t fine);

@@ -1,5 +1,5 @@
 // Files: whole replacement through a temporary file and MoveFileEx, appends
-// flushed to the disk before the call returns.
+// flushed to the disk before the call returns; symbolic links kept.
 #include <string>
 
 #include "piattaforma/piattaforma.h"
@@ -25,11 +25,38 @@ bool ScriviTutto(HANDLE file, const char* dati, size_t lunghezza) {
   return true;
 }
 
+// The file a name stands for: a symbolic link is followed to the file it
+// names, so that a save replaces that file and the link stays. A link whose
+// file is missing cannot be followed from here (the system resolves a link
+// only by opening what it names) and is then replaced like a file.
+std::string FileVero(const char* nome) {
+  const DWORD attributi = GetFileAttributesA(nome);
+  if (attributi == INVALID_FILE_ATTRIBUTES || !(attributi & FILE_ATTRIBUTE_REPARSE_POINT))
+    return nome;
+  HANDLE file = CreateFileA(nome, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return nome;
+  char percorso[4 * MAX_PATH];
+  const DWORD n = GetFinalPathNameByHandleA(file, percorso, sizeof percorso,
+                                            FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
+  CloseHandle(file);
+  if (n == 0 || n >= sizeof percorso) return nome;
+  // "\\?\C:\..." and "\\?\UNC\server\..." back to their ordinary forms.
+  std::string vero = percorso;
+  if (vero.rfind(R"(\\?\UNC\)", 0) == 0)
+    vero = R"(\\)" + vero.substr(8);
+  else if (vero.rfind(R"(\\?\)", 0) == 0)
+    vero = vero.substr(4);
+  return vero;
+}
+
 }  // namespace
 
-bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
-  const std::string temporaneo = std::string(nome) + ".tmp";
+bool SostituisciFile(const char* nome_dato, const char* dati, size_t lunghezza) {
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  const std::string vero = FileVero(nome_dato);
+  const char* nome = vero.c_str();
+  const std::string temporaneo = vero + ".tmp";
   HANDLE file = CreateFileA(temporaneo.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                             FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;
@@ -87,9 +114,61 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
 
 bool RinominaFile(const char* vecchio, const char* nuovo) {
   if (!NomeValido(vecchio) || !NomeValido(nuovo)) return false;
-  return MoveFileExA(vecchio, nuovo, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  return MoveFileExA(FileVero(vecchio).c_str(), FileVero(nuovo).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
-bool EliminaFile(const char* nome) { return NomeValido(nome) && DeleteFileA(nome) != 0; }
+bool EliminaFile(const char* nome) {
+  return NomeValido(nome) && DeleteFileA(FileVero(nome).c_str()) != 0;
+}
+
+namespace {
+
+// The files locked by this process, by identity, so that a second call on
+// the same file does not meet our own lock; their handles stay open until
+// the process ends, when the system lets the locks go.
+struct FileBloccato {
+  DWORD volume, indice_alto, indice_basso;
+};
+constexpr int MASSIMO_BLOCCHI = 8;
+FileBloccato bloccati[MASSIMO_BLOCCHI];
+int numero_bloccati = 0;
+
+}  // namespace
+
+bool BloccaFile(const char* nome) {
+  if (!NomeValido(nome)) return true;
+  // Not inheritable (no security attributes): a viewer started with the
+  // system's own command does not keep the lock.
+  constexpr DWORD CONDIVISO = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  HANDLE file = CreateFileA(nome, GENERIC_READ | GENERIC_WRITE, CONDIVISO, nullptr, OPEN_ALWAYS,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE)
+    file = CreateFileA(nome, GENERIC_READ, CONDIVISO, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+  if (file == INVALID_HANDLE_VALUE) return true;
+  BY_HANDLE_FILE_INFORMATION informazioni{};
+  const bool identificato = GetFileInformationByHandle(file, &informazioni) != 0;
+  const FileBloccato questo{informazioni.dwVolumeSerialNumber, informazioni.nFileIndexHigh,
+                            informazioni.nFileIndexLow};
+  for (int i = 0; identificato && i < numero_bloccati; ++i) {
+    if (bloccati[i].volume == questo.volume && bloccati[i].indice_alto == questo.indice_alto &&
+        bloccati[i].indice_basso == questo.indice_basso) {
+      CloseHandle(file);
+      return true;
+    }
+  }
+  // One byte far past any data: a lock on a range stops others reading it,
+  // and the file must stay readable.
+  OVERLAPPED da{};
+  da.OffsetHigh = 0x7FFFFFFF;
+  if (!LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &da)) {
+    const bool altrui = GetLastError() == ERROR_LOCK_VIOLATION;
+    CloseHandle(file);
+    return !altrui;
+  }
+  if (identificato && numero_bloccati < MASSIMO_BLOCCHI) bloccati[numero_bloccati++] = questo;
+  return true;
+}
 
 }  // namespace piattaforma

@@ -154,6 +154,25 @@ def prova_tasti_e_riquadro(file_da_vedere):
         ("\x1bOP", "vk=70 stato=0000", "F1"),
         ("\x1b[24~", "vk=7B stato=0000", "F12"),
         ("\x1b[15;2~", "vk=74 stato=0010", "Shift+F5"),
+        # The keypad in application mode (Num Lock on): its digits, which
+        # xterm's terminfo also names as the corners of a cursor pad.
+        ("\x1bOq", "vk=61 stato=0000 car=49", "keypad 1"),
+        ("\x1bOr", "vk=62 stato=0000 car=50", "keypad 2"),
+        ("\x1bOs", "vk=63 stato=0000 car=51", "keypad 3"),
+        ("\x1bOu", "vk=65 stato=0000 car=53", "keypad 5"),
+        ("\x1bOw", "vk=67 stato=0000 car=55", "keypad 7"),
+        ("\x1bOy", "vk=69 stato=0000 car=57", "keypad 9"),
+        ("\x1bOp", "vk=60 stato=0000 car=48", "keypad 0"),
+        ("\x1bO5q", "vk=61 stato=0008", "Ctrl+keypad 1 (xterm)"),
+        ("\x1bO6r", "vk=62 stato=0018", "Ctrl+Shift+keypad 2 (xterm)"),
+        ("\x1b[1106358;5u", "vk=61 stato=0008", "Ctrl+keypad 1 (tmux)"),
+        ("\x1b[1106359;6u", "vk=62 stato=0018", "Ctrl+Shift+keypad 2 (tmux)"),
+        ("\x1b\x1bOq", "vk=61 stato=0002 car=49", "Alt+keypad 1"),
+        ("\x1b\x1bOu", "vk=65 stato=0002 car=53", "Alt+keypad 5"),
+        # The cursor block in application mode stays navigation.
+        ("\x1bOH", "vk=24 stato=0000", "Home (SS3)"),
+        ("\x1bOF", "vk=23 stato=0000", "End (SS3)"),
+        ("\x1bOB", "vk=28 stato=0000", "Down (SS3)"),
     ]
     for dati, atteso, descrizione in casi:
         tasto(t, dati, atteso, descrizione)
@@ -220,6 +239,34 @@ def prova_tasti_e_riquadro(file_da_vedere):
         controlla(all(t.riga(y).startswith("sfondo %02d ....." % y) for y in range(10, 30)),
                   "screen restored under the box\n" + t.testo())
         controlla((t.schermo.cursor.x, t.schermo.cursor.y) == (5, 5), "cursor back")
+
+    # Keys typed before a box is shown do not answer it: they wait, in
+    # order, and reach the program once the box is closed by a key pressed
+    # while it was on the screen.
+    numero = numero_tasti(t) + 1
+    t.invia("bn")  # the answer sent together with the key that opens the box
+    t.attendi(lambda: t.contiene("Attenzione!"), "box opened with a key typed ahead")
+    t.leggi(0.5)
+    controlla(t.contiene("Attenzione!") and not t.contiene("risposta %d:" % numero),
+              "a key typed together with the box's own does not answer it")
+    t.invia("s")
+    t.attendi(lambda: ("risposta %d: 6" % numero) in t.riga(3),
+              "the box answered by the key pressed while it is shown")
+    t.attendi(lambda: ("tasto %d: vk=4E" % (numero + 1)) in t.riga(2),
+              "the key typed ahead reaches the program after the box")
+    numero = numero_tasti(t) + 1
+    t.invia("l")  # work first, then the box
+    time.sleep(0.15)
+    t.invia("\r\x1bn")  # Enter (Sì), then Alt+N, while the program is busy
+    t.attendi(lambda: t.contiene("Attenzione!"), "box after the work")
+    t.leggi(0.5)
+    controlla(t.contiene("Attenzione!") and not t.contiene("risposta %d:" % numero),
+              "keys typed while the program was busy do not answer the box")
+    t.invia("a")
+    t.attendi(lambda: ("risposta %d: 2" % numero) in t.riga(3), "the busy box answered Annulla")
+    t.attendi(lambda: ("tasto %d: vk=4E stato=0002" % (numero + 2)) in t.riga(2),
+              "the keys typed while busy reach the program after the box, in order")
+    controlla(not t.contiene("Attenzione!"), "no box left open by the keys typed ahead")
 
     # OK box: Enter or Esc.
     for chiave in ["\r", "\x1b"]:
@@ -302,11 +349,22 @@ def prova_tasti_e_riquadro(file_da_vedere):
     print("CPU while waiting 3 s: %.3f s" % cpu, flush=True)
     controlla(cpu < 0.05, "idle CPU %.3f s in 3 s" % cpu)
 
-    # The pager in the terminal, then the screen redrawn.
+    # The pager in the terminal, then the screen redrawn and the title set
+    # again (the pager or the shell may have changed it meanwhile).
     t.invia("v")
     t.attendi(lambda: t.contiene("contenuto da vedere"), "pager shows the file")
+    t.grezzo = b""
     t.invia("q")
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and t.contiene("visto"), "redrawn after pager")
+    controlla(b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after the pager")
+
+    # Stopped and continued from outside: the title set again.
+    t.leggi(0.2)
+    os.kill(t.figlio.pid, signal.SIGSTOP)
+    time.sleep(0.2)
+    t.grezzo = b""
+    os.kill(t.figlio.pid, signal.SIGCONT)
+    t.attendi(lambda: b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after SIGCONT")
     tasto(t, "\x1b[13;5u", "vk=0D stato=0008", "extended keys again after the pager")
 
     # Leaving: the terminal handed back.
@@ -348,9 +406,11 @@ def prova_sospensione():
     t.attendi(lambda: t.contiene("Stopped") and t.contiene("PRONTO$"), "stopped with Ctrl+Z")
     t.invia("stty -a | grep -o -- ' -\\?icanon'\r")
     t.attendi(lambda: t.contiene(" icanon"), "shell has its cooked terminal back")
+    t.grezzo = b""
     t.invia("fg\r")
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and "sfondo 20" in t.riga(20),
               "redrawn after fg")
+    t.attendi(lambda: b"\x1b]2;Prova1.0\x07" in t.grezzo, "title set again after fg")
     tasto(t, "\x1b[49;5u", "vk=31 stato=0008", "keys after fg")
     t.invia("q")
     t.attendi(lambda: t.contiene("PRONTO$"), "back to the shell")

@@ -1,7 +1,10 @@
 // A tiny program on the terminal backend for the pseudo-terminal test: it
 // shows each key record it receives and opens boxes and viewers on request.
 //   B: a Yes/No/Cancel box    O: an OK box    V: the viewer on argv[1]
+//   L: half a second of work, then the Yes/No/Cancel box
 //   Q: leave                  anything else: shown on line 2
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstring>
 
@@ -51,7 +54,13 @@ int main(int argc, char** argv) {
                     static_cast<unsigned char>(k.uChar.AsciiChar));
       ScriviRiga(2, riga);
       const bool semplice = (k.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) == 0;
-      if (semplice && k.wVirtualKeyCode == 'B') {
+      if (semplice && k.wVirtualKeyCode == 'L') {
+        // Busy, as the program is when a flag falls: keys typed meanwhile
+        // wait in the terminal.
+        const uint64_t fine = Millisecondi() + 500;
+        while (Millisecondi() < fine) usleep(10000);
+      }
+      if (semplice && (k.wVirtualKeyCode == 'B' || k.wVirtualKeyCode == 'L')) {
         const int risposta =
             FinestraMessaggio("Prima riga del testo\nSeconda riga", "Attenzione!", MB_YESNOCANCEL);
         std::snprintf(riga, sizeof riga, "risposta %d: %d", contati, risposta);

@@ -57,11 +57,10 @@ int64_t DurataMs(void (*azione)()) {
       .count();
 }
 
-TEST(Sistema, FrequenzaNonUdibileEUnaPausa) {
-  const int64_t pausa = DurataMs([] { Suona(30000, 80); });
-  EXPECT_GE(pausa, 79);
-  EXPECT_LT(pausa, 1500);
+TEST(Sistema, TonoDiDurataZeroNonAttende) {
+  Suona(440, 1);  // the device opened, when there is one
   EXPECT_LT(DurataMs([] { Suona(440, 0); }), 200);
+  EXPECT_LT(DurataMs([] { Suona(30000, 0); }), 200);
 }
 
 TEST(Sistema, ComandoTroppoLungoNonVieneComposto) {

@@ -2,6 +2,7 @@
 // replacement fails on the way.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 #include "cartella_prova.h"
@@ -11,6 +12,17 @@
 namespace {
 
 using namespace piattaforma;
+
+// Beep returns once the tone has sounded; a pause is a sleep as long.
+TEST(SistemaWindows, FrequenzaNonUdibileEUnaPausa) {
+  const auto prima = std::chrono::steady_clock::now();
+  Suona(30000, 80);
+  const auto pausa = std::chrono::duration_cast<std::chrono::milliseconds>(
+                         std::chrono::steady_clock::now() - prima)
+                         .count();
+  EXPECT_GE(pausa, 79);
+  EXPECT_LT(pausa, 1500);
+}
 
 TEST(SistemaWindows, ComandoStart) {
   char comando[64];
@@ -97,6 +109,51 @@ TEST(FileSistemaWindows, FileApertoAltroveNonVieneSostituito) {
   EXPECT_FALSE(Esiste(nome + ".tmp"));
   EXPECT_TRUE(Sostituisci(nome, "nuova"));
   EXPECT_EQ(Contenuto(nome), "nuova");
+}
+
+// Another program's lock on the file, as any lock on any of its bytes.
+class BloccoAltrui {
+ public:
+  explicit BloccoAltrui(const std::string& nome) {
+    file_ = CreateFileA(nome.c_str(), GENERIC_READ,
+                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    OVERLAPPED da{};
+    preso_ = file_ != INVALID_HANDLE_VALUE &&
+             LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, MAXDWORD,
+                        MAXDWORD, &da);
+  }
+  ~BloccoAltrui() {
+    if (file_ != INVALID_HANDLE_VALUE) CloseHandle(file_);
+  }
+  bool Preso() const { return preso_; }
+
+ private:
+  HANDLE file_ = INVALID_HANDLE_VALUE;
+  bool preso_ = false;
+};
+
+TEST(FileSistemaWindows, BloccoTenutoDaUnAltroNonVienePreso) {
+  CartellaProva cartella;
+  const std::string nome = cartella.Nome("giornale.blocco");
+  prova::Scrivi(nome, "contenuto");
+  {
+    BloccoAltrui altro(nome);
+    ASSERT_TRUE(altro.Preso());
+    EXPECT_FALSE(BloccaFile(nome.c_str()));
+  }
+  EXPECT_TRUE(BloccaFile(nome.c_str()));
+  EXPECT_TRUE(BloccaFile(nome.c_str()));
+  EXPECT_FALSE(BloccoAltrui(nome).Preso());
+  // Locked, the file is read as before and keeps its bytes.
+  EXPECT_EQ(Contenuto(nome), "contenuto");
+  const std::string nuovo = cartella.Nome("nuovo.blocco");
+  EXPECT_TRUE(BloccaFile(nuovo.c_str()));
+  EXPECT_TRUE(Esiste(nuovo));
+  EXPECT_EQ(Contenuto(nuovo), "");
+  EXPECT_FALSE(BloccoAltrui(nuovo).Preso());
+  EXPECT_TRUE(BloccaFile(""));
+  EXPECT_TRUE(BloccaFile(nullptr));
 }
 
 }  // namespace
