@@ -48,6 +48,21 @@ static void InstallaSchermi() {
   piattaforma::ImpostaBattito([] { AggiornaGiornale(false); });
 }
 
+const char* const NomeFileBlocco = "pendrino.blocco";
+const char* const TestoGiaInUso =
+    "Pendrino e' gia' aperto in questa cartella: chiudere l'altro Pendrino prima di avviarne "
+    "un altro qui.";
+
+// Two programs in one folder would write one journal: the second says so and
+// leaves before it writes anything. The lock dies with its process, so a
+// program that was killed never keeps the next one out.
+static void UnoSoloPerCartella() {
+  if (piattaforma::BloccaFile(NomeFileBlocco)) return;
+  Avvisa(TestoGiaInUso);
+  piattaforma::ChiudiConsole();
+  piattaforma::TerminaProcesso(1);
+}
+
 void inizializza() {
   InstallaPoliticaInterfaccia();
   piattaforma::ComponiComandoVisualizzatore(ComandoVisualizzaListaMosse,
@@ -60,6 +75,7 @@ void inizializza() {
   InizializzaTabelle();
   piattaforma::ApriConsole();
   InstallaSchermi();
+  UnoSoloPerCartella();
   ScriviElencoComandi();
   LeggiIni();
   DisegnaIntestazione();

@@ -13,7 +13,13 @@ constexpr uint32_t EVENTI_PER_LETTURA = 128;
 // The program's entry: arguments are ignored; it ends only through
 // ChiudiIlProgramma.
 int pendrino_main(int argc, char** argv);
+// Takes the console and, with the folder's lock held (a second program
+// started in the same folder says so and ends with status 1 before it
+// writes a file), writes the help page, reads the settings and draws the
+// fixed screen.
 void inizializza();
+extern const char* const NomeFileBlocco;  // "pendrino.blocco"
+extern const char* const TestoGiaInUso;
 // After the new game of start-up: when the journal holds a game not closed
 // with the exit command, the question whether to take it up again; Yes
 // rebuilds and draws it (clock stopped), No keeps the old journal as
