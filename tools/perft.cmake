@@ -65,6 +65,13 @@ endif()
   pendrino_test_perft(conta_fai_ritira 0 "--fai-ritira|${promozione}|3" "^1686\r?\n$" "^$")
   pendrino_test_perft(divide_fai_ritira 0 "--divide|--fai-ritira|${promozione}|2"
     "${divide_promozione}" "^$")
+  # Each walk lists the root moves in its own order: the game's generator
+  # takes en passant before the other pawn captures, the counter after them.
+  set(enpassant_e_cattura "7k/8/2n5/3Pp3/8/8/8/K7 w - e6 0 1")
+  pendrino_test_perft(divide_ordine_fai_ritira 0 "--fai-ritira|--divide|${enpassant_e_cattura}|1"
+    "^d5d6: 1\r?\nd5e6: 1\r?\nd5c6: 1\r?\n" "^$")
+  pendrino_test_perft(divide_ordine_contatore 0 "--divide|${enpassant_e_cattura}|1"
+    "^d5d6: 1\r?\nd5c6: 1\r?\nd5e6: 1\r?\n" "^$")
   pendrino_test_perft(conta_hash_thread 0 "--hash|1|--thread|3|${promozione}|4" "^28118\r?\n$" "^$")
   pendrino_test_perft(divide_hash_thread 0 "--divide|--thread|2|--hash|1|${promozione}|3"
     "^b7b8q: 173\r?\nb7b8r: 124\r?\n.*\r?\nNodes searched: 1686\r?\n$" "^$")
