@@ -1,18 +1,23 @@
-// Leaves per second of the exact perft walk on the initial position to depth
-// 6 and on Kiwipete to depth 5, beside the same counts by Stockfish's
-// `go perft` (one thread) when a Stockfish program is given.
+// Perft speed, whole processes side by side in one run: Debian's Stockfish
+// (`go perft`, one thread) and pendrino-perft on the initial position to
+// depth 6 and on Kiwipete to depth 5, best of 3 runs each, taken in turn so
+// that a change in the machine's speed touches both. The figure compared is
+// the counter's on one thread without a table; the make and unmake walk
+// (--fai-ritira), the table and the threads are reported on their own lines.
 //
-//   perft_bench [STOCKFISH]
+//   perft_bench PENDRINO_PERFT [STOCKFISH]
+//
+// Exit status 1 when a count differs from Stockfish's or from the published
+// one, or when the counter is slower than Stockfish.
+#include <algorithm>
 #include <chrono>
 #include <cinttypes>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
-
-#include "board/fen.h"
-#include "board/geometria.h"
-#include "board/posizione.h"
-#include "diagnostics/perft.h"
+#include <thread>
+#include <vector>
 
 #ifndef _WIN32
 #include <signal.h>
@@ -26,154 +31,182 @@ struct Prova {
   const char* nome;
   const char* fen;
   int profondita;
+  uint64_t foglie;  // the published count
 };
 constexpr Prova Prove[] = {
-    {"initial", "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", 6},
-    {"kiwipete", "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1", 5},
+    {"initial", "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1", 6, 119060324},
+    {"kiwipete", "r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w KQkq - 0 1", 5,
+     193690690},
 };
+constexpr int RIPETIZIONI = 3;
+constexpr const char* MEGABYTE_TABELLA = "64";
 
 struct Misura {
   bool fatta = false;
   uint64_t foglie = 0;
-  double secondi = 0;
+  double secondi = 1e30;  // the best run
 };
-
-double Secondi(std::chrono::steady_clock::time_point inizio) {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-}
-
-Misura MisuraNostra(const Prova& p) {
-  Misura m;
-  SvuotaScacchiera();
-  if (!CaricaPosizioneDaStringaFen(p.fen)) return m;
-  auto inizio = std::chrono::steady_clock::now();
-  m.foglie = Perft(p.profondita);
-  m.secondi = Secondi(inizio);
-  m.fatta = true;
-  return m;
-}
 
 #ifndef _WIN32
-// A Stockfish process talking UCI through two pipes.
-class Stockfish {
- public:
-  explicit Stockfish(const char* programma) {
-    int verso[2], ritorno[2];
-    if (pipe(verso) != 0) return;
-    if (pipe(ritorno) != 0) {
-      close(verso[0]);
-      close(verso[1]);
-      return;
-    }
-    pid_ = fork();
-    if (pid_ == 0) {
-      dup2(verso[0], 0);
-      dup2(ritorno[1], 1);
-      close(verso[1]);
-      close(ritorno[0]);
-      execlp(programma, programma, static_cast<char*>(nullptr));
-      _exit(127);
-    }
+// Runs a program with `ingresso` on its standard input; its standard output,
+// and the wall time from the start of the process to its end. False when it
+// could not run or did not end with status 0.
+bool Esegui(const std::vector<std::string>& argomenti, const std::string& ingresso,
+            std::string& uscita, double& secondi) {
+  int verso[2], ritorno[2];
+  if (pipe(verso) != 0) return false;
+  if (pipe(ritorno) != 0) {
     close(verso[0]);
-    close(ritorno[1]);
-    if (pid_ < 0) {
-      close(verso[1]);
-      close(ritorno[0]);
-      return;
-    }
-    scrivi_ = fdopen(verso[1], "w");
-    leggi_ = fdopen(ritorno[0], "r");
-  }
-  ~Stockfish() {
-    if (scrivi_) {
-      Invia("quit");
-      fclose(scrivi_);
-    }
-    if (leggi_) fclose(leggi_);
-    if (pid_ > 0) waitpid(pid_, nullptr, 0);
-  }
-  bool Pronto() { return scrivi_ && leggi_ && Invia("uci") && Attendi("uciok", nullptr); }
-  bool Invia(const std::string& comando) {
-    return fprintf(scrivi_, "%s\n", comando.c_str()) > 0 && fflush(scrivi_) == 0;
-  }
-  // Reads lines until one starts with `inizio`; its remainder goes to `resto`.
-  bool Attendi(const char* inizio, std::string* resto) {
-    char riga[512];
-    const size_t n = strlen(inizio);
-    while (fgets(riga, sizeof riga, leggi_)) {
-      if (strncmp(riga, inizio, n) == 0) {
-        if (resto) *resto = riga + n;
-        return true;
-      }
-    }
+    close(verso[1]);
     return false;
   }
-
- private:
-  pid_t pid_ = -1;
-  FILE* scrivi_ = nullptr;
-  FILE* leggi_ = nullptr;
-};
-
-Misura MisuraStockfish(const char* programma, const Prova& p) {
-  Misura m;
-  Stockfish sf(programma);
-  if (!sf.Pronto()) return m;
-  sf.Invia("setoption name Threads value 1");
-  sf.Invia(std::string("position fen ") + p.fen);
-  // The network and the tables are loaded before the clock starts.
-  sf.Invia("isready");
-  if (!sf.Attendi("readyok", nullptr)) return m;
-  auto inizio = std::chrono::steady_clock::now();
-  sf.Invia("go perft " + std::to_string(p.profondita));
-  std::string nodi;
-  if (!sf.Attendi("Nodes searched: ", &nodi)) return m;
-  m.secondi = Secondi(inizio);
-  m.foglie = strtoull(nodi.c_str(), nullptr, 10);
-  m.fatta = true;
-  return m;
+  std::vector<char*> argv;
+  for (const std::string& a : argomenti) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  const auto inizio = std::chrono::steady_clock::now();
+  const pid_t pid = fork();
+  if (pid == 0) {
+    dup2(verso[0], 0);
+    dup2(ritorno[1], 1);
+    close(verso[0]);
+    close(verso[1]);
+    close(ritorno[0]);
+    close(ritorno[1]);
+    execvp(argv[0], argv.data());
+    _exit(127);
+  }
+  close(verso[0]);
+  close(ritorno[1]);
+  if (pid < 0) {
+    close(verso[1]);
+    close(ritorno[0]);
+    return false;
+  }
+  // A few short lines: the pipe holds them all.
+  const bool scritto =
+      write(verso[1], ingresso.data(), ingresso.size()) == ssize_t(ingresso.size());
+  close(verso[1]);
+  uscita.clear();
+  char blocco[4096];
+  for (ssize_t n; (n = read(ritorno[0], blocco, sizeof blocco)) > 0;)
+    uscita.append(blocco, size_t(n));
+  close(ritorno[0]);
+  int stato = 0;
+  waitpid(pid, &stato, 0);
+  secondi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
+  return scritto && WIFEXITED(stato) && WEXITSTATUS(stato) == 0;
 }
 #else
-Misura MisuraStockfish(const char*, const Prova&) { return Misura(); }
+bool Esegui(const std::vector<std::string>&, const std::string&, std::string&, double&) {
+  return false;
+}
 #endif
+
+// One way of counting a position: the program and how its count is read.
+struct Contatore {
+  std::string nome;
+  std::vector<std::string> opzioni;  // pendrino-perft's
+  bool stockfish = false;
+  bool confrontato = false;  // the figure held against Stockfish's
+};
+
+bool Una(const Contatore& c, const Prova& p, const char* perft, const char* stockfish,
+         uint64_t& foglie, double& secondi) {
+  std::string uscita;
+  if (c.stockfish) {
+    const std::string comandi = std::string("setoption name Threads value 1\nposition fen ") +
+                                p.fen + "\ngo perft " + std::to_string(p.profondita) + "\nquit\n";
+    if (!Esegui({stockfish}, comandi, uscita, secondi)) return false;
+    const size_t dove = uscita.find("Nodes searched: ");
+    if (dove == std::string::npos) return false;
+    foglie = strtoull(uscita.c_str() + dove + 16, nullptr, 10);
+    return true;
+  }
+  std::vector<std::string> argomenti = {perft};
+  argomenti.insert(argomenti.end(), c.opzioni.begin(), c.opzioni.end());
+  argomenti.push_back(p.fen);
+  argomenti.push_back(std::to_string(p.profondita));
+  if (!Esegui(argomenti, "", uscita, secondi)) return false;
+  foglie = strtoull(uscita.c_str(), nullptr, 10);
+  return true;
+}
+
+std::string Milioni(double foglie_al_secondo) {
+  char testo[32];
+  snprintf(testo, sizeof testo, "%.1f M", foglie_al_secondo / 1e6);
+  return testo;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
 #ifndef _WIN32
-  signal(SIGPIPE, SIG_IGN);  // a Stockfish that dies must not take us with it
+  signal(SIGPIPE, SIG_IGN);  // a program that dies must not take us with it
 #endif
-  const char* stockfish = argc > 1 && argv[1][0] ? argv[1] : nullptr;
-  InizializzaTabelle();
+  if (argc < 2) {
+    fprintf(stderr, "usage: perft_bench PENDRINO_PERFT [STOCKFISH]\n");
+    return 2;
+  }
+  const char* perft = argv[1];
+  const char* stockfish = argc > 2 && argv[2][0] ? argv[2] : nullptr;
+  const std::string thread = std::to_string(std::max(1u, std::thread::hardware_concurrency()));
 
-  printf("%-10s %5s %12s %9s %14s %9s %14s %7s\n", "position", "depth", "leaves", "ours s",
-         "ours leaves/s", "sf s", "sf leaves/s", "sf/ours");
+  std::vector<Contatore> contatori;
+  if (stockfish) contatori.push_back({"stockfish go perft, 1 thread", {}, true, false});
+  contatori.push_back({"pendrino-perft, 1 thread", {}, false, true});
+  contatori.push_back({"pendrino-perft --fai-ritira", {"--fai-ritira"}, false, false});
+  contatori.push_back({std::string("pendrino-perft --hash ") + MEGABYTE_TABELLA,
+                       {"--hash", MEGABYTE_TABELLA},
+                       false,
+                       false});
+  contatori.push_back({"pendrino-perft --thread " + thread, {"--thread", thread}, false, false});
+  contatori.push_back(
+      {std::string("pendrino-perft --hash ") + MEGABYTE_TABELLA + " --thread " + thread,
+       {"--hash", MEGABYTE_TABELLA, "--thread", thread},
+       false,
+       false});
+
+  printf("Whole processes, best of %d runs taken in turn.\n", RIPETIZIONI);
+  printf("%-10s %5s %12s  %-40s %8s %12s\n", "position", "depth", "leaves", "program", "best s",
+         "leaves/s");
   int esito = 0;
-  bool stockfish_mancato = false;
   for (const Prova& p : Prove) {
-    const Misura nostra = MisuraNostra(p);
-    if (!nostra.fatta) {
-      printf("%-10s: the FEN is rejected\n", p.nome);
-      esito = 1;
-      continue;
-    }
-    const double velocita = double(nostra.foglie) / nostra.secondi;
-    printf("%-10s %5d %12" PRIu64 " %9.2f %14.0f", p.nome, p.profondita, nostra.foglie,
-           nostra.secondi, velocita);
-    const Misura sf = stockfish ? MisuraStockfish(stockfish, p) : Misura();
-    if (sf.fatta) {
-      const double velocita_sf = double(sf.foglie) / sf.secondi;
-      printf(" %9.2f %14.0f %7.1f\n", sf.secondi, velocita_sf, velocita_sf / velocita);
-      if (sf.foglie != nostra.foglie) {
-        printf("%-10s: Stockfish counts %" PRIu64 " leaves\n", p.nome, sf.foglie);
+    std::vector<Misura> misure(contatori.size());
+    for (int r = 0; r < RIPETIZIONI; ++r)
+      for (size_t i = 0; i < contatori.size(); ++i) {
+        uint64_t foglie = 0;
+        double secondi = 0;
+        if (!Una(contatori[i], p, perft, stockfish, foglie, secondi)) continue;
+        misure[i].fatta = true;
+        misure[i].foglie = foglie;
+        misure[i].secondi = std::min(misure[i].secondi, secondi);
+      }
+    double sf = 0, nostro = 0;
+    for (size_t i = 0; i < contatori.size(); ++i) {
+      const Misura& m = misure[i];
+      if (!m.fatta) {
+        printf("%-10s %5d %12s  %-40s %8s %12s\n", p.nome, p.profondita, "-",
+               contatori[i].nome.c_str(), "-", "-");
+        if (!contatori[i].stockfish) esito = 1;
+        continue;
+      }
+      printf("%-10s %5d %12" PRIu64 "  %-40s %8.3f %12s\n", p.nome, p.profondita, m.foglie,
+             contatori[i].nome.c_str(), m.secondi, Milioni(double(m.foglie) / m.secondi).c_str());
+      if (m.foglie != p.foglie) {
+        printf("%-10s: %s counts %" PRIu64 " leaves, the published count is %" PRIu64 "\n", p.nome,
+               contatori[i].nome.c_str(), m.foglie, p.foglie);
         esito = 1;
       }
-    } else {
-      printf(" %9s %14s %7s\n", "-", "-", "-");
-      stockfish_mancato = stockfish != nullptr;
+      if (contatori[i].stockfish) sf = m.secondi;
+      if (contatori[i].confrontato) nostro = m.secondi;
+    }
+    if (sf > 0 && nostro > 0) {
+      const double rapporto = sf / nostro;
+      printf("%-10s ratio %.2f (Stockfish's time over pendrino-perft's, 1 thread, no table): %s\n",
+             p.nome, rapporto, rapporto >= 1.0 ? "at least as fast" : "SLOWER");
+      if (rapporto < 1.0) esito = 1;
     }
   }
-  if (!stockfish) printf("(no stockfish given: its columns are empty)\n");
-  if (stockfish_mancato) printf("(%s did not answer go perft: its columns are empty)\n", stockfish);
+  if (!stockfish) printf("(no stockfish given: no ratio)\n");
   return esito;
 }

@@ -1,5 +1,6 @@
-// pendrino-perft: exact move counts of the engine's generator, make and unmake,
-// for comparing with published counts and other programs.
+// pendrino-perft: exact move counts, for comparing with published counts and
+// other programs. The counts come from the fast counter (conteggio), or with
+// --fai-ritira from the walk through the game's generator, make and unmake.
 //
 //   pendrino-perft "FEN" DEPTH            the number of leaves
 //   pendrino-perft --divide "FEN" DEPTH   the leaves under each root move, then the total
@@ -7,6 +8,10 @@
 //       checks every row of a tab-separated table (name, fen, depth, nodes;
 //       header line first), rows expecting more than N leaves skipped; one
 //       line per failure and a closing line "P passed, F failed".
+//
+// Options of the counter, with any of the above: --hash MB (a table of
+// subtree counts of MB megabytes, 1-65536) and --thread N (the root moves
+// shared among N threads, 1-64). --fai-ritira takes neither.
 //
 // Exit status: 0 success, 1 some suite row failed, 2 bad usage, an unreadable
 // table, or a FEN that the loader rejects or the engine cannot play safely.
@@ -17,6 +22,8 @@
 #include <cstring>
 #include <fstream>
 #include <initializer_list>
+#include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -24,6 +31,7 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
+#include "conteggio/conteggio.h"
 #include "diagnostics/perft.h"
 #include "moves/genera.h"
 
@@ -36,6 +44,20 @@ constexpr int ESITO_RIFIUTO = 2;
 // position (at most 99) from overflowing into the castling bits.
 constexpr int PROFONDITA_MASSIMA = PROFONDITA_MASSIMA_PERFT;
 static_assert(99 + PROFONDITA_MASSIMA <= int(MASCHERA_SEMIMOSSE));
+static_assert(PROFONDITA_MASSIMA <= PROFONDITA_MASSIMA_CONTEGGIO);
+
+constexpr uint64_t MEGABYTE_MASSIMI = 65536;
+
+// Which walk counts, and the counter's options.
+struct Metodo {
+  bool fai_ritira = false;
+  OpzioniConteggio opzioni;
+};
+
+uint64_t ContaFoglieCon(const Metodo& metodo, int profondita) {
+  if (metodo.fai_ritira) return Perft(profondita);
+  return ContaFoglie(PosizioneConteggioCorrente(), profondita, metodo.opzioni);
+}
 
 const char* const NomeTipo[5] = {"pawns", "knights", "bishops", "rooks", "queens"};
 
@@ -117,23 +139,36 @@ bool LeggiNumero(const std::string& testo, uint64_t& valore) {
 int Uso() {
   fputs(
       "usage: pendrino-perft [--divide] \"FEN\" DEPTH\n"
-      "       pendrino-perft --suite FILE [--max-nodes N]\n",
+      "       pendrino-perft --suite FILE [--max-nodes N]\n"
+      "options: --fai-ritira  count through the game's make and unmake\n"
+      "         --hash MB     a table of subtree counts (1-65536 megabytes)\n"
+      "         --thread N    root moves shared among N threads (1-64)\n",
       stderr);
   return ESITO_RIFIUTO;
 }
 
-int Conta(const char* fen, int profondita, bool dividi) {
+// The count under each root move, by either walk.
+int Dividi(const Metodo& metodo, int profondita, VocePerft* voci) {
+  if (metodo.fai_ritira) return PerftDivide(profondita, voci);
+  static VoceConteggio conteggi[DIMENSIONE_BUFFER_MOSSE];
+  const int n =
+      ContaFoglieDivise(PosizioneConteggioCorrente(), profondita, conteggi, metodo.opzioni);
+  for (int i = 0; i < n; ++i) voci[i] = {conteggi[i].mossa, conteggi[i].nodi};
+  return n;
+}
+
+int Conta(const char* fen, int profondita, bool dividi, const Metodo& metodo) {
   if (const char* motivo = Carica(fen)) {
     fprintf(stderr, "pendrino-perft: refused \"%s\": %s\n", fen, motivo);
     return ESITO_RIFIUTO;
   }
   if (!dividi) {
-    printf("%" PRIu64 "\n", Perft(profondita));
+    printf("%" PRIu64 "\n", ContaFoglieCon(metodo, profondita));
     return 0;
   }
   // The layout of Stockfish's `go perft`, so that the two can be compared line by line.
   static VocePerft voci[DIMENSIONE_BUFFER_MOSSE];
-  const int n = PerftDivide(profondita, voci);
+  const int n = Dividi(metodo, profondita, voci);
   uint64_t totale = profondita == 0 ? 1 : 0;
   for (int i = 0; i < n; ++i) {
     char testo[8];
@@ -156,7 +191,7 @@ std::vector<std::string> Campi(const std::string& riga) {
   return campi;
 }
 
-int Suite(const char* percorso, uint64_t nodi_massimi) {
+int Suite(const char* percorso, uint64_t nodi_massimi, const Metodo& metodo) {
   std::ifstream file(percorso);
   if (!file) {
     fprintf(stderr, "pendrino-perft: cannot read %s: %s\n", percorso, strerror(errno));
@@ -187,7 +222,7 @@ int Suite(const char* percorso, uint64_t nodi_massimi) {
       ++fallite;
       continue;
     }
-    const uint64_t contati = Perft(profondita);
+    const uint64_t contati = ContaFoglieCon(metodo, profondita);
     if (contati == attesi) {
       ++passate;
     } else {
@@ -207,6 +242,8 @@ int main(int argc, char** argv) {
   bool dividi = false;
   const char* suite = nullptr;
   uint64_t nodi_massimi = UINT64_MAX;
+  Metodo metodo;
+  uint64_t megabyte = 0, thread = 1;
   std::vector<const char*> posizionali;
   for (int i = 1; i < argc; ++i) {
     const std::string a = argv[i];
@@ -216,6 +253,15 @@ int main(int argc, char** argv) {
       suite = argv[++i];
     } else if (a == "--max-nodes" && i + 1 < argc) {
       if (!LeggiNumero(argv[++i], nodi_massimi)) return Uso();
+    } else if (a == "--fai-ritira") {
+      metodo.fai_ritira = true;
+    } else if (a == "--hash" && i + 1 < argc) {
+      if (!LeggiNumero(argv[++i], megabyte) || megabyte < 1 || megabyte > MEGABYTE_MASSIMI)
+        return Uso();
+    } else if (a == "--thread" && i + 1 < argc) {
+      if (!LeggiNumero(argv[++i], thread) || thread < 1 ||
+          thread > uint64_t(MASSIMO_THREAD_CONTEGGIO))
+        return Uso();
     } else if (a.size() > 1 && a[0] == '-' && a[1] == '-') {
       return Uso();
     } else {
@@ -223,11 +269,25 @@ int main(int argc, char** argv) {
     }
   }
 
+  if (metodo.fai_ritira && (megabyte || thread != 1)) return Uso();
+  metodo.opzioni.thread = int(thread);
+
   InizializzaTabelle();
+  // Allocated once, before any count.
+  std::unique_ptr<VoceTabellaConteggio[]> tabella;
+  if (megabyte) {
+    metodo.opzioni.voci = VociTabellaConteggio(megabyte);
+    tabella.reset(new (std::nothrow) VoceTabellaConteggio[metodo.opzioni.voci]);
+    if (!tabella) {
+      fprintf(stderr, "pendrino-perft: no memory for a table of %" PRIu64 " megabytes\n", megabyte);
+      return ESITO_RIFIUTO;
+    }
+    metodo.opzioni.tabella = tabella.get();
+  }
 
   if (suite) {
     if (dividi || !posizionali.empty()) return Uso();
-    return Suite(suite, nodi_massimi);
+    return Suite(suite, nodi_massimi, metodo);
   }
   if (posizionali.size() != 2 || nodi_massimi != UINT64_MAX) return Uso();
   const int profondita = LeggiProfondita(posizionali[1]);
@@ -236,5 +296,5 @@ int main(int argc, char** argv) {
             PROFONDITA_MASSIMA);
     return ESITO_RIFIUTO;
   }
-  return Conta(posizionali[0], profondita, dividi);
+  return Conta(posizionali[0], profondita, dividi, metodo);
 }

@@ -2,7 +2,7 @@
 # checks that run it on the published counts.
 add_executable(pendrino-perft ${CMAKE_CURRENT_LIST_DIR}/pendrino_perft.cpp)
 # The counts need no screen, no keys and no speaker: no platform backend.
-target_link_libraries(pendrino-perft PRIVATE pendrino_diagnostics)
+target_link_libraries(pendrino-perft PRIVATE pendrino_diagnostics pendrino_conteggio)
 
 if(PENDRINO_TESTS)
   if(DEFINED PENDRINO_DATI_CONDIVISI)
@@ -56,11 +56,37 @@ endif()
     "${suite_passata}" "^$")
   pendrino_test_perft(conta 0 "${promozione}|3" "^1686\r?\n$" "^$")
   pendrino_test_perft(profondita_zero 0 "${promozione}|0" "^1\r?\n$" "^$")
-  pendrino_test_perft(divide 0 "--divide|${promozione}|2"
-    "^b7b8q: 7\r?\nb7b8r: 7\r?\nb7b8b: 22\r?\nb7b8n: 22\r?\n.*e1d1: 20\r?\n.*\r?\nNodes searched: 163\r?\n$"
-    "^$")
+  set(divide_promozione
+    "^b7b8q: 7\r?\nb7b8r: 7\r?\nb7b8b: 22\r?\nb7b8n: 22\r?\n.*e1d1: 20\r?\n.*\r?\nNodes searched: 163\r?\n$")
+  pendrino_test_perft(divide 0 "--divide|${promozione}|2" "${divide_promozione}" "^$")
   pendrino_test_perft(divide_arrocchi 0
     "r3k2r/8/8/8/8/8/8/R3K2R w KQkq - 0 1|1|--divide" "e1g1: 1\r?\n.*e1c1: 1\r?\n.*Nodes searched: 26\r?\n$" "^$")
+  # The make and unmake walk, and the counter's table and threads.
+  pendrino_test_perft(conta_fai_ritira 0 "--fai-ritira|${promozione}|3" "^1686\r?\n$" "^$")
+  pendrino_test_perft(divide_fai_ritira 0 "--divide|--fai-ritira|${promozione}|2"
+    "${divide_promozione}" "^$")
+  # Each walk lists the root moves in its own order: the game's generator
+  # takes en passant before the other pawn captures, the counter after them.
+  set(enpassant_e_cattura "7k/8/2n5/3Pp3/8/8/8/K7 w - e6 0 1")
+  pendrino_test_perft(divide_ordine_fai_ritira 0 "--fai-ritira|--divide|${enpassant_e_cattura}|1"
+    "^d5d6: 1\r?\nd5e6: 1\r?\nd5c6: 1\r?\n" "^$")
+  pendrino_test_perft(divide_ordine_contatore 0 "--divide|${enpassant_e_cattura}|1"
+    "^d5d6: 1\r?\nd5c6: 1\r?\nd5e6: 1\r?\n" "^$")
+  pendrino_test_perft(conta_hash_thread 0 "--hash|1|--thread|3|${promozione}|4" "^28118\r?\n$" "^$")
+  pendrino_test_perft(divide_hash_thread 0 "--divide|--thread|2|--hash|1|${promozione}|3"
+    "^b7b8q: 173\r?\nb7b8r: 124\r?\n.*\r?\nNodes searched: 1686\r?\n$" "^$")
+  pendrino_test_perft(suite_fai_ritira 0
+    "--suite|${perft_dati}/perft-extra.tsv|--max-nodes|100000|--fai-ritira" "${suite_passata}" "^$")
+  pendrino_test_perft(suite_hash_thread 0
+    "--suite|${perft_riferimento}|--max-nodes|${PENDRINO_PERFT_NODI_TEST}|--hash|16|--thread|2"
+    "${suite_passata}" "^$")
+  pendrino_test_perft(hash_zero 2 "--hash|0|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(hash_troppo 2 "--hash|65537|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(hash_non_numero 2 "--hash|molti|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(thread_zero 2 "--thread|0|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(thread_troppi 2 "--thread|65|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(fai_ritira_con_hash 2 "--fai-ritira|--hash|1|${promozione}|1" "^$" "usage")
+  pendrino_test_perft(fai_ritira_con_thread 2 "--thread|2|--fai-ritira|${promozione}|1" "^$" "usage")
   pendrino_test_perft(fen_rifiutata 2 "8/8/8 w|1" "^$" "rejected by the loader")
   pendrino_test_perft(fen_vuota 2 " |1" "^$" "rejected by the loader")
   pendrino_test_perft(senza_re_nero 2 "8/8/8/8/8/8/8/K7 w - - 0 1|1" "^$"

@@ -62,12 +62,12 @@ void InizializzaDbMobilita();
 void InizializzaTabelle();
 
 // Attack sets including the first blocker on each ray (either colour).
-inline uint64_t AttacchiTorre(uint64_t casa, uint64_t occupazione) {
+SEMPRE_IN_LINEA uint64_t AttacchiTorre(uint64_t casa, uint64_t occupazione) {
   return mobilita_torre_da[casa][((occupazione & MascheraMobilita_torre_in[casa]) *
                                   FattoreMagicoMobilita_torre_in[casa]) >>
                                  ShiftIndiceMobilita_torre_in[casa]];
 }
-inline uint64_t AttacchiAlfiere(uint64_t casa, uint64_t occupazione) {
+SEMPRE_IN_LINEA uint64_t AttacchiAlfiere(uint64_t casa, uint64_t occupazione) {
   return mobilita_alfiere_da[casa][((occupazione & MascheraMobilita_alfiere_in[casa]) *
                                     FattoreMagicoMobilita_alfiere_in[casa]) >>
                                    ShiftIndiceMobilita_alfiere_in[casa]];
