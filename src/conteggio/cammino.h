@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "conteggio/conteggio.h"
+#include "conteggio/tavola.h"
 
 // A legal root move, as the game's move word, and the board after it.
 struct RadiceConteggio {
