@@ -91,8 +91,8 @@ inline void Invia(int fd, const char* testo) {
 }
 
 // pendrino.ini as the program writes it, with the defaults but for the time
-// of the first period and the first alarm: without the file it would stop
-// on a notice box.
+// of the first period and the first alarm, and preferenze.ini: without the
+// files it would stop on a notice box.
 inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_periodo,
                                int allarme1 = 15) {
   struct Riga {
@@ -123,7 +123,11 @@ inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_peri
          << r.descrizione << " (" << r.unita << ") min: " << r.minimo << " max: " << r.massimo
          << " default: " << r.predefinito << "\n$\t" << r.chiave << "\t" << valore << "\n";
   }
-  return bool(file.flush());
+  // The second settings file, at its defaults.
+  std::ofstream preferenze(cartella + "/preferenze.ini", std::ios::binary);
+  preferenze << "\nlettore di schermo (valore booleano) min: 0 max: 1 default: 0\n"
+             << "$\tlettore_di_schermo\t0\n";
+  return bool(file.flush()) && bool(preferenze.flush());
 }
 
 // The program started in a fresh temporary folder, in a pseudo-terminal.

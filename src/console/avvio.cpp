@@ -78,6 +78,7 @@ void inizializza() {
   UnoSoloPerCartella();
   ScriviElencoComandi();
   LeggiIni();
+  LeggiTabella(TabellaPreferenze);
   DisegnaIntestazione();
   StampaPannelloPrincipale();
   ImpostaFocus();

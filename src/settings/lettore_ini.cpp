@@ -1,4 +1,4 @@
-// The reading of pendrino.ini: the reader fed in pieces, the whole file, a
+// The reading of a settings file: the reader fed in pieces, the whole file, a
 // text in memory.
 #include "settings/lettore_ini.h"
 
@@ -19,9 +19,9 @@ constexpr bool Cifra(char c) { return c >= '0' && c <= '9'; }
 // The magnitude of the most negative 32-bit value: beyond it no sign helps.
 constexpr uint64_t MODULO_MASSIMO = uint64_t(INT32_MAX) + 1;
 
-int CercaChiave(const char* chiave, size_t lunghezza) {
-  for (int riga = 0; riga < NUMERO_PARAMETRI; ++riga) {
-    const char* nota = ParametroIni[riga].chiave;
+int CercaChiave(const TabellaIni& tabella, const char* chiave, size_t lunghezza) {
+  for (int riga = 0; riga < tabella.numero; ++riga) {
+    const char* nota = tabella.righe[riga].chiave;
     if (std::strlen(nota) == lunghezza && std::memcmp(nota, chiave, lunghezza) == 0) return riga;
   }
   return -1;
@@ -29,9 +29,10 @@ int CercaChiave(const char* chiave, size_t lunghezza) {
 
 }  // namespace
 
-void LettoreIni::Avvia() {
-  DefaultIni();
+void LettoreIni::Avvia(const TabellaIni& tabella) {
+  DefaultTabella(tabella);
   *this = LettoreIni{};
+  tabella_ = &tabella;
 }
 
 bool LettoreIni::Leggi(const char* testo, size_t lunghezza) {
@@ -95,7 +96,7 @@ void LettoreIni::Carattere(char c) {
 }
 
 void LettoreIni::ChiaveLetta() {
-  riga_ = CercaChiave(chiave_, lunghezza_chiave_);
+  riga_ = CercaChiave(*tabella_, chiave_, lunghezza_chiave_);
   if (riga_ < 0) {
     Ferma();
     return;
@@ -105,20 +106,20 @@ void LettoreIni::ChiaveLetta() {
 
 void LettoreIni::NumeroLetto(bool leggibile) {
   stato_ = Stato::Fuori;
-  trovate_ = uint16_t(trovate_ | (1u << riga_));
+  trovate_ |= 1u << riga_;
   const int64_t valore = negativo_ ? -int64_t(modulo_) : int64_t(modulo_);
-  RigaIni& riga = ParametroIni[riga_];
+  RigaIni& riga = tabella_->righe[riga_];
   // A number that cannot be read, or does not fit 32 bits, is no value at all.
   if (leggibile && !troppo_grande_ && valore >= riga.minimo && valore <= riga.massimo) {
     riga.valore = int32_t(valore);
   } else {
-    AvisaValoreIniErrato(riga_);
+    AvvisaValoreErrato(*tabella_, riga_);
   }
 }
 
 void LettoreIni::Ferma() {
   stato_ = Stato::Fermo;
-  DefaultIni();
+  DefaultTabella(*tabella_);
 }
 
 EsitoIni LettoreIni::Fine() {
@@ -142,43 +143,64 @@ EsitoIni LettoreIni::Fine() {
   }
   if (stato_ == Stato::Fermo) return EsitoIni::ChiaveSconosciuta;
   stato_ = Stato::Fuori;
-  return trovate_ == TUTTE_LE_RIGHE ? EsitoIni::Completo : EsitoIni::Incompleto;
+  const uint32_t tutte = (1u << tabella_->numero) - 1;
+  return trovate_ == tutte ? EsitoIni::Completo : EsitoIni::Incompleto;
 }
 
-void LeggiIni() {
+namespace {
+
+// "<prima><file><dopo>" in a notice.
+void AvvisaDelFile(const char* prima, const char* file, const char* dopo) {
+  SvuotaMessaggio();
+  AggiungiTesto(prima);
+  AggiungiTesto(file);
+  AggiungiTesto(dopo);
+  Avvisa(messaggio);
+}
+
+}  // namespace
+
+void LeggiTabella(const TabellaIni& tabella) {
   LettoreIni lettore;
-  lettore.Avvia();
+  lettore.Avvia(tabella);
   char blocco[4096];
-  int64_t letti = piattaforma::LeggiFile(NomeFileIni, 0, blocco, sizeof blocco);
+  int64_t letti = piattaforma::LeggiFile(tabella.nome_file, 0, blocco, sizeof blocco);
   if (letti < 0) {
-    Avvisa("Non ho trovato pendrino.ini.\nVerranno ripristinati i valori default.");
-    ScriviIni();
+    AvvisaDelFile("Non ho trovato ", tabella.nome_file,
+                  ".\nVerranno ripristinati i valori default.");
+    ScriviTabella(tabella);
     return;
   }
   // A read error later on ends the text, as it ends a C stream.
   uint64_t posizione = 0;
   while (letti > 0 && size_t(letti) <= sizeof blocco && lettore.Leggi(blocco, size_t(letti))) {
     posizione += uint64_t(letti);
-    letti = piattaforma::LeggiFile(NomeFileIni, posizione, blocco, sizeof blocco);
+    letti = piattaforma::LeggiFile(tabella.nome_file, posizione, blocco, sizeof blocco);
   }
   switch (lettore.Fine()) {
     case EsitoIni::Completo:
       return;
     case EsitoIni::ChiaveSconosciuta:
-      Avvisa("'pendrino.ini' non leggibile.\nVerranno ripristinati i valori default.");
+      AvvisaDelFile("'", tabella.nome_file,
+                    "' non leggibile.\nVerranno ripristinati i valori default.");
       break;
     case EsitoIni::Incompleto:
-      Avvisa(
-          "non ho trovato tutti i parametri in pendrino.ini.\n"
-          "Verranno ripristinati i loro valori default.");
+      AvvisaDelFile("non ho trovato tutti i parametri in ", tabella.nome_file,
+                    ".\nVerranno ripristinati i loro valori default.");
       break;
   }
-  ScriviIni();
+  ScriviTabella(tabella);
+}
+
+void LeggiIni() { LeggiTabella(TabellaParametri); }
+
+EsitoIni LeggiTestoTabella(const TabellaIni& tabella, const char* testo, size_t lunghezza) {
+  LettoreIni lettore;
+  lettore.Avvia(tabella);
+  if (testo) lettore.Leggi(testo, lunghezza);
+  return lettore.Fine();
 }
 
 EsitoIni LeggiTestoIni(const char* testo, size_t lunghezza) {
-  LettoreIni lettore;
-  lettore.Avvia();
-  if (testo) lettore.Leggi(testo, lunghezza);
-  return lettore.Fine();
+  return LeggiTestoTabella(TabellaParametri, testo, lunghezza);
 }

@@ -24,12 +24,19 @@ RigaIni ParametroIni[NUMERO_PARAMETRI] = {
 };
 
 const char* const NomeFileIni = "pendrino.ini";
+const TabellaIni TabellaParametri = {NomeFileIni, ParametroIni, NUMERO_PARAMETRI};
+
+RigaIni PreferenzaIni[NUMERO_PREFERENZE] = {
+    {"lettore_di_schermo", "lettore di schermo", "valore booleano", 0, 0, 0, 1},
+};
+const char* const NomeFilePreferenze = "preferenze.ini";
+const TabellaIni TabellaPreferenze = {NomeFilePreferenze, PreferenzaIni, NUMERO_PREFERENZE};
 
 namespace {
 
-// Twelve blocks of at most about 220 bytes each; the line ends are the
-// platform's, put in as the file is written.
-char TestoIni[4096];
+// Blocks of at most about 220 bytes each (twelve in pendrino.ini); the line
+// ends are the platform's, put in as the file is written.
+char TestoIni[8192];
 
 }  // namespace
 
@@ -38,13 +45,24 @@ void ImpostaParametro(int riga, int32_t valore) {
   ParametroIni[riga].valore = valore;
 }
 
-void DefaultIni() {
-  for (RigaIni& riga : ParametroIni) riga.valore = riga.valore_default;
+void ImpostaPreferenza(int riga, int32_t valore) {
+  if (riga < 0 || riga >= NUMERO_PREFERENZE) return;
+  PreferenzaIni[riga].valore = valore;
 }
 
-void ScriviIni() {
+void DefaultTabella(const TabellaIni& tabella) {
+  for (int r = 0; r < tabella.numero; ++r)
+    tabella.righe[r].valore = tabella.righe[r].valore_default;
+}
+
+void DefaultIni() { DefaultTabella(TabellaParametri); }
+
+void ScriviIni() { ScriviTabella(TabellaParametri); }
+
+void ScriviTabella(const TabellaIni& tabella) {
   Composizione testo(TestoIni, sizeof TestoIni);
-  for (const RigaIni& riga : ParametroIni) {
+  for (int r = 0; r < tabella.numero; ++r) {
+    const RigaIni& riga = tabella.righe[r];
     testo.Formato("\n%s ", riga.descrizione);
     testo.Formato("(%s) ", riga.unita);
     testo.Formato("min: %d ", int(riga.minimo));
@@ -55,7 +73,7 @@ void ScriviIni() {
   }
   // Better the old file than a cut one; a failed write is not reported.
   if (!testo.Troncato())
-    piattaforma::SostituisciFileDiTesto(NomeFileIni, TestoIni, testo.Scritti());
+    piattaforma::SostituisciFileDiTesto(tabella.nome_file, TestoIni, testo.Scritti());
 }
 
 void AggiungiIntervallo(const RigaIni& riga) {
@@ -67,11 +85,15 @@ void AggiungiIntervallo(const RigaIni& riga) {
   AggiungiTesto(").\n");
 }
 
-void AvisaValoreIniErrato(int indice) {
-  if (indice < 0 || indice >= NUMERO_PARAMETRI) return;
-  const RigaIni& riga = ParametroIni[indice];
+void AvisaValoreIniErrato(int indice) { AvvisaValoreErrato(TabellaParametri, indice); }
+
+void AvvisaValoreErrato(const TabellaIni& tabella, int indice) {
+  if (indice < 0 || indice >= tabella.numero) return;
+  const RigaIni& riga = tabella.righe[indice];
   SvuotaMessaggio();
-  AggiungiTesto("Errore in pendrino.ini: - valore non valido per ");
+  AggiungiTesto("Errore in ");
+  AggiungiTesto(tabella.nome_file);
+  AggiungiTesto(": - valore non valido per ");
   AggiungiTesto("\"");
   AggiungiTesto(riga.descrizione);
   AggiungiTesto("\".\n");

@@ -1,6 +1,8 @@
-// The settings: a fixed table of twelve rows (key, description, unit, value,
-// default, range), loaded from pendrino.ini at start-up and written back
-// after every accepted change.
+// The settings: fixed tables of rows (key, description, unit, value,
+// default, range), each loaded from its file at start-up and written back
+// after every accepted change. pendrino.ini holds the twelve rows of the
+// time control, the display and the alarms; preferenze.ini what the first
+// has no room for (pendrino.ini resets itself at any key it does not know).
 #pragma once
 
 #include <cstddef>
@@ -29,6 +31,25 @@ struct RigaIni {
 };
 extern RigaIni ParametroIni[NUMERO_PARAMETRI];
 
+// A settings file and the table it holds.
+struct TabellaIni {
+  const char* nome_file;
+  RigaIni* righe;
+  int numero;
+};
+extern const TabellaIni TabellaParametri;   // pendrino.ini, ParametroIni
+extern const TabellaIni TabellaPreferenze;  // preferenze.ini, PreferenzaIni
+
+enum RigaPreferenza : int {
+  // 1: what a screen reader would read as noise stays off the screen.
+  PREFERENZA_LETTORE_DI_SCHERMO = 0,
+  NUMERO_PREFERENZE = 1,
+};
+extern RigaIni PreferenzaIni[NUMERO_PREFERENZE];
+inline int32_t Preferenza(int riga) { return PreferenzaIni[riga].valore; }
+void ImpostaPreferenza(int riga, int32_t valore);
+extern const char* const NomeFilePreferenze;  // "preferenze.ini"
+
 // The current value of a row.
 inline int32_t Parametro(int riga) { return ParametroIni[riga].valore; }
 // A new current value for a row, in its range (the caller checked it);
@@ -38,11 +59,16 @@ void ImpostaParametro(int riga, int32_t valore);
 extern const char* const NomeFileIni;  // "pendrino.ini"
 
 // Every row back to its default value.
-void DefaultIni();
+void DefaultTabella(const TabellaIni& tabella);
 // Writes the whole file, replacing the old one at once.
+void ScriviTabella(const TabellaIni& tabella);
+// The same for pendrino.ini.
+void DefaultIni();
 void ScriviIni();
 // Appends to the message "i valori ammessi sono compresi nell'intervallo
 // ( min - max).\n" for a row.
 void AggiungiIntervallo(const RigaIni& riga);
-// The notice for an out-of-range value of row `indice`.
+// The notice for an out-of-range value of row `indice`, of pendrino.ini or
+// of another table's file.
 void AvisaValoreIniErrato(int indice);
+void AvvisaValoreErrato(const TabellaIni& tabella, int indice);

@@ -33,6 +33,8 @@ class AmbienteConsole : public ::testing::Test {
     // the open game of a fresh start.
     DefaultIni();
     ScriviIni();
+    DefaultTabella(TabellaPreferenze);
+    ScriviTabella(TabellaPreferenze);
     RevocaAggiudicazione();
     PrimaVoltaInMoto = 0;
     TempoVisualizzato[0] = TempoVisualizzato[1] = 0;

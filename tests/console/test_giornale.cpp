@@ -97,9 +97,11 @@ class GiornaleConsole : public AmbienteConsole {
     SospendiGiornale();
     const std::string giornale = memoria::ContenutoFile(GIORNALE);
     const std::string ini = memoria::ContenutoFile("pendrino.ini");
+    const std::string preferenze = memoria::ContenutoFile("preferenze.ini");
     memoria::Azzera();
     memoria::ImpostaFile(GIORNALE, giornale);
     memoria::ImpostaFile("pendrino.ini", ini);
+    memoria::ImpostaFile("preferenze.ini", preferenze);
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
     InMoto = 0;

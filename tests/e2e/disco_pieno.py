@@ -75,7 +75,8 @@ def partita(t, tasti, cartella, errori):
         errori.append("the journal notice came a second time in the same game")
     if os.path.exists(os.path.join(cartella, "partita.pgn")):
         errori.append("partita.pgn exists although the disk was full")
-    lasciati = sorted(set(os.listdir(cartella)) - {"pendrino.ini", "riempitivo", "giornale.txt"})
+    lasciati = sorted(set(os.listdir(cartella)) - {"pendrino.ini", "preferenze.ini", "riempitivo",
+                                                  "giornale.txt", "pendrino.blocco"})
     if lasciati:
         errori.append(f"files left behind on the full disk: {lasciati}")
 

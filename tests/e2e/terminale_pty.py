@@ -197,10 +197,19 @@ def testo_impostazioni(**valori):
     return testo
 
 
-def scrivi_impostazioni(cartella, **valori):
-    """A settings file in the program's working folder, so that it starts quietly."""
+def testo_preferenze(lettore_di_schermo=0):
+    """preferenze.ini as the program writes it."""
+    return ("\nlettore di schermo (valore booleano) min: 0 max: 1 default: 0\n"
+            f"$\tlettore_di_schermo\t{lettore_di_schermo}\n")
+
+
+def scrivi_impostazioni(cartella, preferenze=None, **valori):
+    """Both settings files in the program's working folder, so that it starts
+    quietly; `preferenze` the values of preferenze.ini by key."""
     with open(os.path.join(cartella, "pendrino.ini"), "w", newline="\n") as f:
         f.write(testo_impostazioni(**valori))
+    with open(os.path.join(cartella, "preferenze.ini"), "w", newline="\n") as f:
+        f.write(testo_preferenze(**(preferenze or {})))
 
 
 def esegui_classe(classe, binario, terminale):

@@ -257,7 +257,7 @@ TEST_F(LetturaTesto, UnTestoVuotoEIncompleto) {
 // What one reading leaves behind, to compare readings of the same text.
 struct Risultato {
   EsitoIni esito;
-  uint16_t trovate;
+  uint32_t trovate;
   std::vector<int32_t> valori;
   std::vector<std::string> avvisi;
   bool operator==(const Risultato&) const = default;
