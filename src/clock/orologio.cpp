@@ -171,7 +171,7 @@ bool AggiornaTempoVisualizzato(int colore, bool mostra) {
   // With the automatic display off the shown value stays behind, so the
   // alarm checks below run on every turn; their marks keep them from
   // sounding twice.
-  if (mostra || Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) StampaTempo(colore, secondi);
+  if (mostra || AggiornamentoAutomatico()) StampaTempo(colore, secondi);
   SuonaAlarme(colore, secondi);
   return secondi == 0;
 }
@@ -187,11 +187,17 @@ void SuonaAlarme(int colore, int32_t secondi) {
   for (int k = 0; k < 5; ++k) {
     if (int64_t(Parametro(PARAMETRO_ALLARME1 + k)) * 60 == secondi && nuovo) {
       Suona(Tono::Bip, Tono::Bip);
+      if (SchermoDellOrologio.segnale)
+        SchermoDellOrologio.segnale(SegnaleOrologio::Allarme, colore, secondi);
       AlarmeSuonato[colore] = secondi;
       return;
     }
   }
-  if (secondi >= 1 && secondi <= 3 && nuovo) Suona(Tono::Bip);
+  if (secondi >= 1 && secondi <= 3 && nuovo) {
+    Suona(Tono::Bip);
+    if (SchermoDellOrologio.segnale)
+      SchermoDellOrologio.segnale(SegnaleOrologio::ContoAllaRovescia, colore, secondi);
+  }
   AlarmeSuonato[colore] = secondi;
 }
 

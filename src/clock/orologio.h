@@ -23,11 +23,17 @@ extern int32_t TempoVisualizzato[2];
 extern int32_t AlarmeSuonato[2];
 constexpr int32_t ALLARME_MAI_SUONATO = 721;
 
+// What the clock tells as it sounds it: an alarm's minute reached, a second
+// of the last three.
+enum class SegnaleOrologio : uint8_t { Allarme, ContoAllaRovescia };
+
 // What the clock asks the screen to show; the console installs it.
 struct SchermoOrologio {
   void (*tempo)(int colore, int32_t secondi);  // a side's time line
   void (*stato)();                             // the line with the clock's state
   void (*cadenza)();                           // the time-control line
+  // An alarm or a countdown second of `colore`, at `secondi` left.
+  void (*segnale)(SegnaleOrologio segnale, int colore, int32_t secondi);
 };
 extern SchermoOrologio SchermoDellOrologio;
 void InstallaSchermoOrologio(const SchermoOrologio& schermo);

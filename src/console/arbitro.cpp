@@ -1,7 +1,9 @@
 #include "console/arbitro.h"
 
 #include "board/posizione.h"
+#include "console/annuncio.h"
 #include "console/fuoco.h"
+#include "console/parole.h"
 #include "console/schermo.h"
 #include "game/aggiudicazione.h"
 #include "messaggi/messaggi.h"
@@ -20,10 +22,16 @@ constexpr const char* PARTITA_AGGIUDICATA = "partita aggiudicata";
 constexpr const char* AGGIUDICARE_LA_PARTITA = "Aggiudicare la partita";
 constexpr const char* PATTA = "1/2-1/2";
 
-// The line that states the result, as soon as it changed.
+// The line that states the result, as soon as it changed, and the news.
 void RidisegnaMossaCorrente() {
   StampaMossaCorrente();
-  ImpostaFocus();
+  Composizione& c = NuovoAnnuncio();
+  c.Testo("Aggiudicata: ");
+  c.Testo(CommentoRisultato);
+  c.Testo(", ");
+  c.Testo(Result);
+  c.Carattere('.');
+  Annuncia();
 }
 
 // "<comment>, partita aggiudicata ( <result> )."
@@ -116,6 +124,11 @@ void Abbandona(int colore) {
 
 void CadutaBandierina(int colore) {
   Suona(Tono::Bip, Tono::Bip);
+  Composizione& c = NuovoAnnuncio();
+  c.Testo("Bandierina: al ");
+  c.Testo(StringaColore[colore]);
+  c.Testo(" e' finito il tempo.");
+  Annuncia();
   const DecisioneCaduta decisione = ValutaCaduta(colore);
   bool aggiudicare = false;
   switch (decisione) {
@@ -138,6 +151,19 @@ void CadutaBandierina(int colore) {
 }
 
 void PresentaMossa(EsitoMossa esito) {
+  // The move first, in one sentence: its text, then in words.
+  const char* testo = ElencoStringaMossa[ContatoreMosse];
+  Composizione& c = NuovoAnnuncio();
+  c.Testo(testo);
+  c.Testo(": ");
+  MossaInParole(c, esito.mossa);
+  ScaccoInParole(c, testo);
+  if (esito.fine == FineDellaPartita::Stallo) c.Testo("; stallo");
+  if (esito.fine == FineDellaPartita::MaterialeInsufficiente) c.Testo("; materiale insufficiente");
+  if (esito.domanda == DomandaAllArbitro::CinquantaMosse) c.Testo("; regola delle 50 mosse");
+  if (esito.domanda == DomandaAllArbitro::TripliceRipetizione) c.Testo("; triplice ripetizione");
+  c.Carattere('.');
+  Annuncia();
   if (esito.disambigua_fallita) Avvisa("Errore in disambigua mossa pezzo!");
   if (esito.fine != FineDellaPartita::Nessuna) {
     avisa_aggiudicazione();

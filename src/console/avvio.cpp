@@ -5,9 +5,11 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
+#include "console/annuncio.h"
 #include "console/arbitro.h"
 #include "console/comandi.h"
 #include "console/guida.h"
+#include "console/parole.h"
 #include "console/politica_interfaccia.h"
 #include "console/schermo.h"
 #include "diagnostics/uscita.h"
@@ -38,6 +40,16 @@ static void InstallaSchermi() {
       [] {
         StampaCadenza();
         ImpostaFocus();
+      },
+      [](SegnaleOrologio segnale, int colore, int32_t secondi) {
+        if (segnale != SegnaleOrologio::Allarme) return;
+        Composizione& c = NuovoAnnuncio();
+        c.Testo("Allarme: ");
+        c.Testo(StringaColore[colore]);
+        c.Testo(", ");
+        TempoInParole(c, secondi);
+        c.Carattere('.');
+        Annuncia();
       },
   });
   DopoFinestra = ImpostaFocus;
@@ -126,7 +138,13 @@ void DisegnaPartitaRipresa() {
     StampaTempo(colore, SecondiInMillisecondi(TempoRimasto[colore]));
   StampaPosizione();
   fuoco = FUOCO_COMANDO;
-  ImpostaFocus();
+  Composizione& c = NuovoAnnuncio();
+  c.Testo("Partita ripresa: mossa ");
+  c.Numero(int64_t(ContatoreMosse / 2 + 1));
+  c.Testo(", tratto al ");
+  c.Testo(StringaColore[ContatoreMosse & 1]);
+  c.Testo(PartitaAggiudicata() ? ", partita aggiudicata." : ", orologio fermo.");
+  Annuncia();
 }
 
 void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto) {
@@ -136,8 +154,10 @@ void EseguiAzione(AzioneTasto azione, const KEY_EVENT_RECORD& tasto) {
 
 void GestisciEvento(const INPUT_RECORD& evento) {
   if (evento.EventType != KEY_EVENT || !evento.Event.KeyEvent.bKeyDown) return;
+  KEY_EVENT_RECORD tasto = evento.Event.KeyEvent;
+  if (!TraduciPrefissoFunzione(tasto)) return;
   // The repeat count is ignored: an auto-repeat record acts once.
-  EseguiAzione(CercaAzione(evento.Event.KeyEvent), evento.Event.KeyEvent);
+  EseguiAzione(CercaAzione(tasto), tasto);
 }
 
 // ---------------------------------------------------------------------------

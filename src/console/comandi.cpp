@@ -7,7 +7,9 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
+#include "console/annuncio.h"
 #include "console/arbitro.h"
+#include "console/parole.h"
 #include "console/schermo.h"
 #include "diagnostics/stampa.h"
 #include "game/aggiudicazione.h"
@@ -133,15 +135,6 @@ void comando_backspace() {
   StampaTesto("\b \b");
 }
 
-// Erases the field on screen from its end; the text stays in `comando`.
-static void SvuotaCampoComando() {
-  gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
-  while (CharatteriInComando > 0) {
-    --CharatteriInComando;
-    StampaTesto("\b \b");
-  }
-}
-
 // The number at the start of the field, as "%d" reads it; false when there
 // is none, which callers treat as a value out of every range.
 static bool NumeroNelCampo(int32_t& valore) {
@@ -161,7 +154,7 @@ static bool RevocaConsentita(int (*domanda)()) {
   if (domanda() == IDNO) return false;
   RevocaAggiudicazione();
   StampaMossaCorrente();
-  ImpostaFocus();
+  Annuncia("Aggiudicazione revocata.");
   return true;
 }
 
@@ -174,6 +167,7 @@ void comando_OrologioInMoto() {
     return;
   }
   if (!RevocaConsentita(dom_AggiudicataInMotoCMQ)) return;
+  Annuncia("Orologio in moto.");
   OrologioInMoto();
 }
 
@@ -183,6 +177,7 @@ void comando_FermaOrologio() {
     return;
   }
   FermaOrologio();
+  Annuncia("Orologio fermo.");
 }
 
 // "<inizio> '<description>'\n i valori ammessi ... ( min - max)."
@@ -226,6 +221,17 @@ void comando_ImpostaParametro(int indice) {
   if (Domanda(messaggio, MB_YESNO) != IDYES) return;
   ImpostaParametro(indice, valore);
   ScriviIni();
+  Composizione& c = NuovoAnnuncio();
+  c.Testo("Impostato: ");
+  c.Testo(riga.descrizione);
+  c.Carattere(' ');
+  c.Numero(valore);
+  c.Carattere(' ');
+  c.Testo(riga.unita);
+  // The time control is the game's own: the next game gets the change.
+  if (indice <= PARAMETRO_INCREMENTO_SECONDO_PERIODO) c.Testo(", dalla prossima partita");
+  c.Carattere('.');
+  Annuncia();
   Suona(Tono::Conferma);
 }
 
@@ -260,10 +266,19 @@ void comando_ModificaTempo(int segno) {
   }
   if (dom_ModificareTempo(segno, colore, minuti) == IDNO) return;
   ModificaTempo(colore, segno ? -minuti : minuti);
+  Composizione& c = NuovoAnnuncio();
+  c.Testo(segno ? "Tolti " : "Aggiunti ");
+  c.Numero(minuti);
+  c.Testo(minuti == 1 ? (segno ? " minuto al " : " minuto al ") : " minuti al ");
+  c.Testo(StringaColore[colore]);
+  c.Testo(": ");
+  TempoInParole(c, SecondiInMillisecondi(TempoRimasto[colore]));
+  c.Carattere('.');
+  Annuncia();
 }
 
 void AggiornaTempoASchermo() {
-  if (!InMoto || Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1) return;
+  if (!InMoto || AggiornamentoAutomatico()) return;
   const int colore = int(ContatoreMosse & 1);
   const bool caduta = AggiornaTempoVisualizzato(colore, true);
   // White to move lands on White's time line, Black to move on the line
@@ -291,13 +306,22 @@ void NuovaPartita(const char* testo) {
   AzzeraPartita();
   StampaPosizione();
   fuoco = FUOCO_COMANDO;
-  ImpostaFocus();
+  Annuncia("Nuova partita.");
 }
 
 // ---------------------------------------------------------------------------
 
 // ---------------------------------------------------------------------------
 // Moves, take-backs, new games, files.
+
+// "<what was refused>: <field>." on the announcement line.
+static void AnnunciaRifiuto(const char* rifiuto) {
+  Composizione& c = NuovoAnnuncio();
+  c.Testo(rifiuto);
+  c.Testo(comando);
+  c.Carattere('.');
+  Annuncia();
+}
 
 // "'<field>' - " followed by the reason, in a notice.
 static void AvvisaComando(const char* motivo) {
@@ -315,16 +339,19 @@ void InterpretaComando() {
     return;
   }
   if (!LeggiDettagliMossaDaComando(comando)) {
+    AnnunciaRifiuto("Comando non valido: ");
     AvvisaComando("non e' un comando valido");
     return;
   }
   if (!RevocaConsentita(dom_AggiudicataModificaCMQ)) return;
   if (PartitaCompleta()) {
+    Annuncia("Rifiutata: il formulario e' pieno.");
     Avvisa(TestoPartitaCompleta);
     return;
   }
   const uint64_t mossa = FaiMossaInComando();
   if (!mossa) {
+    AnnunciaRifiuto("Mossa non legale: ");
     AvvisaComando("non e' una mossa legale");
     return;
   }
@@ -350,21 +377,37 @@ void comando_RitiraUltimaMossa() {
     return;
   }
   if (!RevocaConsentita(dom_AggiudicataModificaCMQ)) return;
+  const uint64_t ritirata = ElencoMosse[ContatoreMosse];
+  Composizione& c = NuovoAnnuncio();
+  c.Testo("Ritirata: ");
+  c.Testo(ElencoStringaMossa[ContatoreMosse]);
+  c.Testo(", ");
+  MossaInParole(c, ritirata);
+  c.Carattere('.');
   RitiraUltimaMossa();
   StampaPosizione();
+  Annuncia();
   Suona(Tono::Conferma, Tono::Pausa, Tono::Conferma);
 }
 
 // The saves the user asks for: a file that could not be written is said,
 // naming it, and what was to follow the save does not happen.
 static bool Salva() {
-  if (SalvaPartita()) return true;
+  if (SalvaPartita()) {
+    Annuncia("Salvata: partita.pgn.");
+    return true;
+  }
+  Annuncia("Non salvata: impossibile scrivere partita.pgn.");
   Avvisa(TestoPartitaNonSalvata);
   return false;
 }
 
 static bool ScriviLista() {
-  if (ScriviElencoMosse()) return true;
+  if (ScriviElencoMosse()) {
+    Annuncia("Scritto: ListaMosse.txt.");
+    return true;
+  }
+  Annuncia("Non scritto: impossibile scrivere ListaMosse.txt.");
   Avvisa(TestoListaNonScritta);
   return false;
 }

@@ -34,6 +34,14 @@ void ImpostaFocus() {
   gotoxy(int16_t(p.x + (fuoco == FUOCO_COMANDO ? CharatteriInComando : 0)), p.y);
 }
 
+void SvuotaCampoComando() {
+  gotoxy(int16_t(x_comando + CharatteriInComando), y_comando);
+  while (CharatteriInComando > 0) {
+    --CharatteriInComando;
+    piattaforma::Scrivi("\b \b", 3);
+  }
+}
+
 void StampaPosizione() {
   StampaDirittiArrocco();
   StampaSemimosse();

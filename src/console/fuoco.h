@@ -19,6 +19,9 @@ constexpr uint32_t FUOCO_TEMPO_BIANCO = 2;
 constexpr uint32_t FUOCO_BORDO_SUPERIORE = 8;
 extern uint32_t fuoco;
 
+// Erases the field on screen from its end; the text stays in `comando`.
+void SvuotaCampoComando();
+
 // Cursor to the focused line, so a screen reader reads it next.
 void ImpostaFocus();
 

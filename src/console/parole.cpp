@@ -7,6 +7,7 @@
 const char* const NomePezzo[6] = {"pedone", "cavallo", "alfiere", "torre", "donna", "re"};
 const char* const NomePezzoPlurale[6] = {"pedoni", "cavalli", "alfieri", "torri", "donne", "re"};
 const char* const NomeColore[2] = {"bianco", "nero"};
+const char* const NomeColoreMaiuscolo[2] = {"Bianco", "Nero"};
 
 namespace {
 

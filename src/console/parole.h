@@ -8,9 +8,10 @@
 
 #include "testo/composizione.h"
 
-extern const char* const NomePezzo[6];         // "pedone" ... "re", by kind
-extern const char* const NomePezzoPlurale[6];  // "pedoni" ... "re"
-extern const char* const NomeColore[2];        // "bianco", "nero"
+extern const char* const NomePezzo[6];            // "pedone" ... "re", by kind
+extern const char* const NomePezzoPlurale[6];     // "pedoni" ... "re"
+extern const char* const NomeColore[2];           // "bianco", "nero"
+extern const char* const NomeColoreMaiuscolo[2];  // "Bianco", "Nero": first in a sentence
 
 // A signed count of seconds: "un'ora, 29 minuti e 45 secondi", "un minuto",
 // "zero secondi", "meno 12 secondi".

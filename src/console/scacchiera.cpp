@@ -3,6 +3,7 @@
 #include "console/schermo.h"
 
 void StampaScacchiera() {
+  if (ProfiloLettoreDiSchermo()) return;
   for (int r = 0; r < 8; ++r) {
     char riga[8 * 3 + 1];
     for (int c = 0; c < 8; ++c) {

@@ -10,6 +10,7 @@
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
 
 using namespace piattaforma::win32;
 
@@ -74,8 +75,16 @@ static void StampaCentratoNellInsegna(const char* testo, int16_t riga) {
   StampaTesto(testo);
 }
 
+bool ProfiloLettoreDiSchermo() { return Preferenza(PREFERENZA_LETTORE_DI_SCHERMO) == 1; }
+
 void DisegnaIntestazione() {
   piattaforma::DimensionaFinestra();
+  // A screen reader would read the drawing as strokes: only the words.
+  if (ProfiloLettoreDiSchermo()) {
+    StampaCentratoNellInsegna("Orologio per gli scacchi", 11);
+    StampaCentratoNellInsegna(RigaDeiCrediti, 12);
+    return;
+  }
   for (int16_t i = 0; Cavallo[i]; ++i) {
     gotoxy(0, int16_t(2 + i));
     StampaTesto(Cavallo[i]);
@@ -100,7 +109,8 @@ void DisegnaIntestazione() {
 // ---------------------------------------------------------------------------
 // Fixed labels of the main panel.
 
-void StampaPannelloPrincipale() {
+// The rank numbers and file letters of the board, and the rule at the foot.
+static void StampaEtichetteScacchiera() {
   for (int16_t r = 0; r < 8; ++r) {
     gotoxy(27, int16_t(y_scacchiera + r));
     const char numero[2] = {CifraDellaRiga(uint64_t(r)), 0};
@@ -108,6 +118,12 @@ void StampaPannelloPrincipale() {
   }
   gotoxy(30, 34);
   StampaTesto(" A  B  C  D  E  F  G  H");
+}
+
+void StampaPannelloPrincipale() {
+  // A screen reader's profile has no board: the readouts give the position.
+  const bool scacchiera = !ProfiloLettoreDiSchermo();
+  if (scacchiera) StampaEtichetteScacchiera();
   for (int colore = 0; colore < 2; ++colore) {
     // The colour word with a capital and a colon; both words are short.
     char etichetta[16];
@@ -121,6 +137,7 @@ void StampaPannelloPrincipale() {
   }
   gotoxy(27, y_comando);
   StampaTesto("Comando =>");
+  if (!scacchiera) return;
   gotoxy(2, 42);
   StampaRipetuto('-', 76);
 }

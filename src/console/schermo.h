@@ -21,6 +21,10 @@ constexpr int16_t x_tempo = 44;
 // help page's credit heading.
 extern const char* const RigaDeiCrediti;
 
+// preferenze.ini's lettore_di_schermo: no drawing, no board, no running
+// time, which a screen reader would read as noise.
+bool ProfiloLettoreDiSchermo();
+
 void gotoxy(int16_t x, int16_t y);
 void DisegnaIntestazione();
 void StampaPannelloPrincipale();

@@ -2,7 +2,9 @@
 
 #include "console/arbitro.h"
 #include "console/comandi.h"
+#include "console/letture.h"
 #include "game/aggiudicazione.h"
+#include "messaggi/toni.h"
 
 using namespace piattaforma::win32;
 
@@ -91,6 +93,17 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
      PENDRINO_AZIONE(comando_ModificaTempo),
      1,
      false},
+    // The readouts, in words on the announcement line.
+    {G::Ctrl, {Tasto('O'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiTempi), 0, false},
+    {G::Ctrl,
+     {Tasto('U'), Nessuno},
+     S::Qualsiasi,
+     PENDRINO_AZIONE(comando_LeggiUltimaMossa),
+     0,
+     false},
+    {G::Ctrl, {Tasto('B'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiPezzi), 0, false},
+    {G::Ctrl, {Tasto('N'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiPezzi), 1, false},
+    {G::Ctrl, {Tasto('E'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiCasa), 0, false},
 
     {G::Alt, {Tasto(VK_F4), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_esci), 0, false},
     {G::Alt, {Tasto('N'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_NuovaPartita), 0, false},
@@ -127,6 +140,18 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
      {Tasto(VK_F9), Nessuno},
      S::Qualsiasi,
      PENDRINO_AZIONE(comando_VisualizzaPartitaPgn),
+     0,
+     false},
+    {G::Semplice,
+     {Tasto(VK_PRIOR), Nessuno},
+     S::Qualsiasi,
+     PENDRINO_AZIONE(comando_FormularioIndietro),
+     0,
+     false},
+    {G::Semplice,
+     {Tasto(VK_NEXT), Nessuno},
+     S::Qualsiasi,
+     PENDRINO_AZIONE(comando_FormularioAvanti),
      0,
      false},
     {G::Semplice, {Tasto(VK_HOME), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_home), 0, false},
@@ -195,3 +220,55 @@ AzioneTasto CercaAzione(const KEY_EVENT_RECORD& tasto) {
   }
   return {NESSUNA_AZIONE, 0};
 }
+
+namespace {
+
+// 0 no prefix, 1 after Ctrl+F (a function key), 2 after Ctrl+F twice (Alt
+// with a function key).
+int PrefissoFunzione = 0;
+
+bool CtrlF(const KEY_EVENT_RECORD& tasto) {
+  return tasto.wVirtualKeyCode == 'F' && (tasto.dwControlKeyState & MASCHERA_CTRL) &&
+         !(tasto.dwControlKeyState & MASCHERA_ALT);
+}
+
+// The function key a key names after the prefix: 1..9 and 0 for F1..F10,
+// '-' and '=' (the keys after 0) for F11 and F12; 0 for none.
+WORD TastoFunzione(const KEY_EVENT_RECORD& tasto) {
+  if (tasto.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) return 0;
+  WORD codice = tasto.wVirtualKeyCode;
+  if (codice >= VK_NUMPAD0 && codice <= VK_NUMPAD0 + 9) codice = WORD('0' + codice - VK_NUMPAD0);
+  if (codice >= '1' && codice <= '9') return WORD(VK_F1 + (codice - '1'));
+  if (codice == '0') return VK_F10;
+  if (codice == VK_OEM_MINUS || codice == VK_SUBTRACT) return WORD(VK_F10 + 1);
+  if (codice == VK_OEM_PLUS && !(tasto.dwControlKeyState & SHIFT_PRESSED)) return WORD(VK_F10 + 2);
+  return 0;
+}
+
+}  // namespace
+
+bool TraduciPrefissoFunzione(KEY_EVENT_RECORD& tasto) {
+  if (CtrlF(tasto)) {
+    // A third Ctrl+F cancels, as a third Ctrl+X does.
+    PrefissoFunzione = PrefissoFunzione == 2 ? 0 : PrefissoFunzione + 1;
+    Suona(PrefissoFunzione == 0   ? Tono::PrefissoAnnullato
+          : PrefissoFunzione == 1 ? Tono::PrefissoFunzione
+                                  : Tono::PrefissoAltFunzione);
+    return false;
+  }
+  if (PrefissoFunzione == 0) return true;
+  const int prefisso = PrefissoFunzione;
+  PrefissoFunzione = 0;
+  const WORD funzione = TastoFunzione(tasto);
+  if (funzione == 0) {
+    // Any other key: the prefix is dropped and the key is itself.
+    Suona(Tono::PrefissoAnnullato);
+    return true;
+  }
+  tasto.wVirtualKeyCode = funzione;
+  tasto.uChar.AsciiChar = 0;
+  tasto.dwControlKeyState = prefisso == 2 ? LEFT_ALT_PRESSED : 0;
+  return true;
+}
+
+void AzzeraPrefissoFunzione() { PrefissoFunzione = 0; }

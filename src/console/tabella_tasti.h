@@ -62,3 +62,12 @@ GruppoTasti GruppoDi(piattaforma::win32::DWORD stato_controllo);
 // The first row of the record's group that matches it; NESSUNA_AZIONE when
 // none does (a key never falls through to another group).
 AzioneTasto CercaAzione(const piattaforma::win32::KEY_EVENT_RECORD& tasto);
+
+// The function keys and Alt+F4 without a function key or a lone Esc, which
+// screen readers take for themselves: Ctrl+F, then 1..9 or 0 acts as F1..F10
+// and '-' or '=' as F11 or F12; Ctrl+F twice, then the same key, as Alt with
+// it (Ctrl+F twice, then 4 = Alt+F4). A third Ctrl+F, or another key,
+// cancels the prefix. False when the key was taken by the prefix; otherwise
+// the key to dispatch, changed when the prefix named a function key.
+bool TraduciPrefissoFunzione(piattaforma::win32::KEY_EVENT_RECORD& tasto);
+void AzzeraPrefissoFunzione();

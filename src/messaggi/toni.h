@@ -15,6 +15,8 @@ enum class Tono : uint8_t {
   PrefissoAlt,        // Esc as Alt
   PrefissoCtrl,       // Ctrl+X as Ctrl
   PrefissoCtrlShift,  // Ctrl+X twice as Ctrl+Shift
+  PrefissoFunzione,     // Ctrl+F: a function key follows
+  PrefissoAltFunzione,  // Ctrl+F twice: Alt with a function key follows
 };
 
 struct SuonoDelTono {
@@ -31,7 +33,11 @@ constexpr SuonoDelTono Toni[] = {
     {1500, 40},   // PrefissoAlt
     {1000, 40},   // PrefissoCtrl
     {1250, 40},   // PrefissoCtrlShift
+    {1750, 40},   // PrefissoFunzione
+    {2000, 40},   // PrefissoAltFunzione
 };
+// One row per tone, in the order of the names.
+static_assert(sizeof Toni / sizeof Toni[0] == static_cast<int>(Tono::PrefissoAltFunzione) + 1);
 
 constexpr SuonoDelTono SuonoDi(Tono tono) { return Toni[static_cast<int>(tono)]; }
 

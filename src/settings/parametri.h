@@ -47,6 +47,7 @@ enum RigaPreferenza : int {
 };
 extern RigaIni PreferenzaIni[NUMERO_PREFERENZE];
 inline int32_t Preferenza(int riga) { return PreferenzaIni[riga].valore; }
+
 void ImpostaPreferenza(int riga, int32_t valore);
 extern const char* const NomeFilePreferenze;  // "preferenze.ini"
 
@@ -55,6 +56,13 @@ inline int32_t Parametro(int riga) { return ParametroIni[riga].valore; }
 // A new current value for a row, in its range (the caller checked it);
 // the file is written apart, by ScriviIni.
 void ImpostaParametro(int riga, int32_t valore);
+
+// The running time redrawn each second: the setting on, and no screen
+// reader's profile that keeps it off the screen (it is read on request).
+inline bool AggiornamentoAutomatico() {
+  return Parametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO) == 1 &&
+         Preferenza(PREFERENZA_LETTORE_DI_SCHERMO) == 0;
+}
 
 extern const char* const NomeFileIni;  // "pendrino.ini"
 

@@ -18,6 +18,8 @@
 
 // The display sink's requests, oldest first: "tempo 0 7200", "stato", "cadenza".
 inline std::vector<std::string> Disegni;
+// What the clock told as it sounded: "allarme 0 900", "conto 1 3".
+inline std::vector<std::string> Segnali;
 
 // Tones as "frequency/duration", oldest first.
 inline std::vector<std::string> Toni(size_t dal = 0) {
@@ -61,7 +63,12 @@ class AmbienteOrologio : public ::testing::Test {
         },
         [] { Disegni.push_back("stato"); },
         [] { Disegni.push_back("cadenza"); },
+        [](SegnaleOrologio segnale, int colore, int32_t secondi) {
+          Segnali.push_back(std::string(segnale == SegnaleOrologio::Allarme ? "allarme " : "conto ") +
+                            std::to_string(colore) + " " + std::to_string(secondi));
+        },
     };
+    Segnali.clear();
     SvuotaMessaggio();
     DopoFinestra = nullptr;
     ContatoreMosse = 0;

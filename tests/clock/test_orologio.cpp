@@ -537,6 +537,15 @@ TEST_F(Orologio, OgniAllarmeDaSoloSuonaAlSuoMinuto) {
   }
 }
 
+TEST_F(Orologio, AllarmiEContoAllaRovesciaSiDiconoComeSuonano) {
+  Imposta(PARAMETRO_ALLARME1, 1);
+  TempoRimasto[1] = 62000;
+  ContatoreMosse = 1;
+  OrologioInMoto();
+  Pensa(1, 62000);
+  EXPECT_THAT(Segnali, ElementsAre("allarme 1 60", "conto 1 3", "conto 1 2", "conto 1 1"));
+}
+
 TEST_F(Orologio, DueAllarmiSulloStessoMinutoDannoUnSoloDoppioBip) {
   Imposta(PARAMETRO_ALLARME1, 1);
   Imposta(PARAMETRO_ALLARME1 + 1, 1);

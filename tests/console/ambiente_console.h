@@ -7,6 +7,7 @@
 
 #include "board/posizione.h"
 #include "clock/orologio.h"
+#include "console/annuncio.h"
 #include "console/comandi.h"
 #include "console/schermo.h"
 #include "game/aggiudicazione.h"
@@ -41,11 +42,27 @@ class AmbienteConsole : public ::testing::Test {
     AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
   }
 
-  // The whole screen, line after line, to compare before and after.
+  // The whole screen, line after line, to compare before and after: all but
+  // the announcement lines, which every action rewrites (Annuncio() reads
+  // them).
   static std::string Schermo() {
     std::string s;
-    for (int y = 0; y < piattaforma::RIGHE_SCHERMO; ++y) s += memoria::Riga(y) + '\n';
+    for (int y = 0; y < piattaforma::RIGHE_SCHERMO; ++y) {
+      const bool annuncio = y >= y_bordo_superiore && y < y_bordo_superiore + RIGHE_ANNUNCIO;
+      s += (annuncio ? std::string(80, ' ') : memoria::Riga(y)) + '\n';
+    }
     return s;
+  }
+  // The announcement as the screen shows it: both lines, without the spaces
+  // that pad them, joined by one space.
+  static std::string Annuncio() {
+    auto senza_spazi = [](std::string r) {
+      const size_t fine = r.find_last_not_of(' ');
+      return fine == std::string::npos ? std::string() : r.substr(0, fine + 1);
+    };
+    const std::string prima = senza_spazi(memoria::Riga(y_bordo_superiore));
+    const std::string seconda = senza_spazi(memoria::Riga(y_bordo_superiore + 1));
+    return seconda.empty() ? prima : prima + " " + seconda;
   }
 
   // `testo` placed at column `x` of an otherwise blank 80-column line.

@@ -131,11 +131,25 @@ TEST(TabellaTasti, RigheDelGruppoSemplice) {
   for (const Atteso& a : attesi) Verifica(a);
 }
 
+TEST(TabellaTasti, LeLetture) {
+  const Atteso attesi[] = {
+      {'O', CTRL, "comando_LeggiTempi", 0},
+      {'U', CTRL, "comando_LeggiUltimaMossa", 0},
+      {'B', CTRL, "comando_LeggiPezzi", 0},
+      {'N', CTRL, "comando_LeggiPezzi", 1},
+      {'E', CTRL | SHIFT, "comando_LeggiCasa", 0},
+      {'N', ALT_GR, "comando_LeggiPezzi", 1},
+      {VK_PRIOR, 0, "comando_FormularioIndietro", 0},
+      {VK_NEXT, SHIFT, "comando_FormularioAvanti", 0},
+  };
+  for (const Atteso& a : attesi) Verifica(a);
+}
+
 TEST(TabellaTasti, AltriTastiSempliciSonoIgnorati) {
   for (WORD codice : std::initializer_list<WORD>{
            VK_ESCAPE, VK_TAB,        VK_SPACE,   VK_OEM_PLUS, VK_OEM_MINUS, VK_OEM_1,
            VK_OEM_2,  VK_OEM_PERIOD, VK_F2,      VK_F3,       VK_F6,        VK_F7,
-           VK_F10,    VK_F11,        VK_LEFT,    VK_RIGHT,    VK_PRIOR,     VK_NEXT,
+           VK_F10,    VK_F11,        VK_LEFT,    VK_RIGHT,
            VK_INSERT, VK_DELETE,     VK_ADD,     VK_SUBTRACT, VK_MULTIPLY,  VK_DECIMAL,
            VK_DIVIDE, WORD(0x2F),    WORD(0x5B), WORD(0),     WORD(0xFF)})
     Verifica({codice, 0, "", 0});
@@ -150,7 +164,7 @@ TEST(TabellaTasti, CtrlEAltInsiemeScelgonoIlGruppoCtrl) {
   // The Alt rows are never consulted with Ctrl held, AltGr included.
   Verifica({VK_F4, CTRL | ALT, "", 0});
   Verifica({VK_F4, ALT_GR, "", 0});
-  Verifica({'N', ALT_GR, "", 0});
+  Verifica({'K', ALT_GR, "", 0});
   Verifica({'3', ALT_GR, "", 0});
   Verifica({'1', ALT_GR, "comando_ImpostaParametro", PARAMETRO_TEMPO_PRIMO_PERIODO});
   Verifica({VK_RETURN, CTRL | ALT, "comando_OrologioInMoto", 0});
@@ -165,7 +179,7 @@ TEST(TabellaTasti, CtrlCIgnoratoCtrlInterruzioneRitiraLaMossa) {
 
 TEST(TabellaTasti, CtrlConUnTastoFuoriTabellaNonFaNulla) {
   for (WORD codice :
-       std::initializer_list<WORD>{WORD('T'), WORD('3'), WORD('0'), WORD('B'), WORD('Z'), VK_F4,
+       std::initializer_list<WORD>{WORD('T'), WORD('3'), WORD('0'), WORD('K'), WORD('Z'), VK_F4,
                                    VK_BACK, VK_HOME, VK_UP, VK_NUMPAD3, VK_ESCAPE})
     Verifica({codice, CTRL, "", 0});
   // Not a single Ctrl chord falls through to typing.
@@ -211,7 +225,7 @@ TEST(TabellaTasti, TastierinoNumericoConESenzaBlocNum) {
 }
 
 TEST(TabellaTasti, OgniRigaHaUnGruppoEUnAzione) {
-  ASSERT_EQ(RigheTabellaTasti, 30);
+  ASSERT_EQ(RigheTabellaTasti, 37);
   std::set<std::string> viste;
   for (int i = 0; i < RigheTabellaTasti; ++i) {
     const RigaTabellaTasti& r = TabellaTasti[i];
@@ -240,7 +254,13 @@ TEST(TabellaTasti, OgniRigaHaUnGruppoEUnAzione) {
                                         "comando_FrecciaGiu",
                                         "comando_backspace",
                                         "comando_invio",
-                                        "comando_digitazione"};
+                                        "comando_digitazione",
+                                        "comando_LeggiTempi",
+                                        "comando_LeggiUltimaMossa",
+                                        "comando_LeggiPezzi",
+                                        "comando_LeggiCasa",
+                                        "comando_FormularioIndietro",
+                                        "comando_FormularioAvanti"};
   EXPECT_EQ(viste, attese);
 }
 
