@@ -61,6 +61,22 @@ const RigaComando Comandi[NUMERO_COMANDI] = {
     {"f12", TestoPattaDaccordo},
 };
 
+const RigaComando TastiPerIlLettore[NUMERO_TASTI_LETTORE] = {
+    {"ctrl + o",
+     "Legge il tempo di entrambi i colori, chi ha il tratto e le mosse che mancano al secondo "
+     "periodo."},
+    {"ctrl + u", "Legge l'ultima mossa."},
+    {"ctrl + b", "Legge i pezzi del bianco e le loro case."},
+    {"ctrl + n", "Legge i pezzi del nero e le loro case."},
+    {"ctrl + e", "Legge che cosa c'e' nella casa scritta nel campo comando, per esempio e4."},
+    {"pagina su, pagina giu'",
+     "Leggono il formulario una mossa alla volta, indietro e avanti, dall'ultima mossa."},
+    {"ctrl + f, poi un numero da 1 a 9 o lo 0",
+     "Vale come il tasto funzione da f1 a f10; ctrl + f, poi - o =, vale come f11 o f12."},
+    {"ctrl + f due volte, poi un numero",
+     "Vale come alt con il tasto funzione: ctrl + f due volte, poi 4, vale come alt + f4."},
+};
+
 // ---------------------------------------------------------------------------
 // Focus.
 

@@ -38,6 +38,10 @@ struct RigaComando {
 };
 constexpr int NUMERO_COMANDI = 21;
 extern const RigaComando Comandi[NUMERO_COMANDI];
+// The keys for screen-reader users: the readouts and the keys that stand in
+// for function keys, listed after the notes of the help page.
+constexpr int NUMERO_TASTI_LETTORE = 8;
+extern const RigaComando TastiPerIlLettore[NUMERO_TASTI_LETTORE];
 
 // Enter: the field's text is a move, or the hidden command "cs".
 void comando_invio();

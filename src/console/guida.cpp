@@ -50,6 +50,26 @@ void Parti(Composizione& c, const char* prima, const char* valore = "", const ch
   c.Testo(dopo);
 }
 
+// The keys for screen-reader users, the announcement line and the profile:
+// on every platform, after the notes.
+void ParteLettoreDiSchermo(Composizione& c) {
+  Parti(c, "<h3>", "Con un lettore di schermo", "</h3><p>");
+  Parti(c,
+        "Dopo ogni comando la riga degli annunci, in cima ai pannelli, dice con una frase che "
+        "cosa e' successo, cominciando dalla notizia; il tasto home la rilegge.</p><table>");
+  Parti(c, "<tr><th scope='column'>", "comando", "</th>");
+  Parti(c, "<th scope='column'>", "funzione", "</th></tr>");
+  for (const RigaComando& riga : TastiPerIlLettore) {
+    Parti(c, "<tr><td scope='row'>", riga.tasti, "</td>");
+    Parti(c, "<td>", riga.descrizione, "</td></tr>");
+  }
+  Parti(c, "</table><p>");
+  Parti(c,
+        "Nel file preferenze.ini il valore 1 di lettore_di_schermo toglie dallo schermo il "
+        "disegno iniziale, la scacchiera e il tempo in moto aggiornato ogni secondo, che un "
+        "lettore di schermo leggerebbe come rumore: li danno i tasti qui sopra.</p><hr>");
+}
+
 // The page with the longest section a platform supplies, with room to spare.
 char TestoDellaGuida[1 << 14];
 
@@ -78,6 +98,7 @@ size_t TestoElencoComandi(char* testo, size_t capienza) {
   Parti(c, "<hr><h3>", "Note", "</h3><p>");
   for (int i = 0; i < NOTE_USATE; ++i) Parti(c, "", Nota[i], "<br />");
   Parti(c, "</p><hr>");
+  ParteLettoreDiSchermo(c);
   if (const char* sezione = piattaforma::SezioneTastiAlternativi()) Parti(c, sezione);
   Parti(c, "</body></html>");
   return c.Lunghezza();

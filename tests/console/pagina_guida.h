@@ -1,5 +1,6 @@
 // The help page as the program must write it, byte for byte, up to the end
-// of the notes; the platform's own section (if any) and FINE_GUIDA follow.
+// of the notes and of the section for screen-reader users; the platform's
+// own section (if any) and FINE_GUIDA follow.
 #pragma once
 
 #include <string>
@@ -45,7 +46,20 @@ inline const std::string INIZIO_GUIDA =
     "Le modifiche all'aggiornamento automatico e agli allarmi, effettuate tramite i comandi del programma, avranno effetto immediato.<br />"
     "Per gli utilizzatori di lettori di schermo, visto che Pendrino aggiorna il tempo del orologio in moto ogni secondo,<br />con Jaws potete impostare il riscontro a schermo su nessuno premendo insert + s, <br /> con NVDA potete disattivare l'aggiornamento automatico a schermo del tempo in moto premendo il relativo comando oppure editando il file pendrino.ini<br />"
     "Per segnalazioni e suggerimenti consultate il file README.md del progetto Pendrino.<br />"
-    "</p><hr>";
+    "</p><hr>"
+    "<h3>Con un lettore di schermo</h3><p>"
+    "Dopo ogni comando la riga degli annunci, in cima ai pannelli, dice con una frase che cosa e' successo, cominciando dalla notizia; il tasto home la rilegge.</p><table>"
+    "<tr><th scope='column'>comando</th><th scope='column'>funzione</th></tr>"
+    "<tr><td scope='row'>ctrl + o</td><td>Legge il tempo di entrambi i colori, chi ha il tratto e le mosse che mancano al secondo periodo.</td></tr>"
+    "<tr><td scope='row'>ctrl + u</td><td>Legge l'ultima mossa.</td></tr>"
+    "<tr><td scope='row'>ctrl + b</td><td>Legge i pezzi del bianco e le loro case.</td></tr>"
+    "<tr><td scope='row'>ctrl + n</td><td>Legge i pezzi del nero e le loro case.</td></tr>"
+    "<tr><td scope='row'>ctrl + e</td><td>Legge che cosa c'e' nella casa scritta nel campo comando, per esempio e4.</td></tr>"
+    "<tr><td scope='row'>pagina su, pagina giu'</td><td>Leggono il formulario una mossa alla volta, indietro e avanti, dall'ultima mossa.</td></tr>"
+    "<tr><td scope='row'>ctrl + f, poi un numero da 1 a 9 o lo 0</td><td>Vale come il tasto funzione da f1 a f10; ctrl + f, poi - o =, vale come f11 o f12.</td></tr>"
+    "<tr><td scope='row'>ctrl + f due volte, poi un numero</td><td>Vale come alt con il tasto funzione: ctrl + f due volte, poi 4, vale come alt + f4.</td></tr>"
+    "</table><p>"
+    "Nel file preferenze.ini il valore 1 di lettore_di_schermo toglie dallo schermo il disegno iniziale, la scacchiera e il tempo in moto aggiornato ogni secondo, che un lettore di schermo leggerebbe come rumore: li danno i tasti qui sopra.</p><hr>";
 // clang-format on
 
 inline const std::string FINE_GUIDA = "</body></html>";
