@@ -67,8 +67,9 @@ class Pannello:
         tempi = [tempo if tempo is not None else
                  t.riga(y)[43:52] if secondi_di(t.riga(y)[43:52]) >= 0 else " hh:mm:ss"
                  for tempo, y in zip(self.tempi, (37, 38))]
+        # Line 15 is the announcement line: each step's own sentence, checked
+        # by the screen-reader tests.
         return {
-            15: " " * COLONNE,
             17: centrata(self.cadenza),
             18: centrata("La posizione corrente e' quella iniziale"),
             19: centrata("Diritti d'arrocco: bianco entrambi, nero entrambi"),
