@@ -126,7 +126,9 @@ inline bool ScriviImpostazioni(const std::string& cartella, int tempo_primo_peri
   // The second settings file, at its defaults.
   std::ofstream preferenze(cartella + "/preferenze.ini", std::ios::binary);
   preferenze << "\nlettore di schermo (valore booleano) min: 0 max: 1 default: 0\n"
-             << "$\tlettore_di_schermo\t0\n";
+             << "$\tlettore_di_schermo\t0\n"
+             << "\nvoce del programma (valore booleano) min: 0 max: 1 default: 0\n"
+             << "$\tvoce\t0\n";
   return bool(file.flush()) && bool(preferenze.flush());
 }
 

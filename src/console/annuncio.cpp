@@ -4,12 +4,14 @@
 
 #include "console/fuoco.h"
 #include "console/schermo.h"
+#include "console/voce.h"
 #include "piattaforma/piattaforma.h"
 
 namespace {
 
 char Frase[LUNGHEZZA_ANNUNCIO + 1];
 Composizione Composto(Frase, sizeof Frase);
+size_t InizioVoce = 0;
 
 // Where a sentence longer than a line breaks: the last space that keeps the
 // first line within the screen, or the screen's edge when there is none.
@@ -43,19 +45,25 @@ void Mostra() {
 
 Composizione& NuovoAnnuncio() {
   Composto.Svuota();
+  InizioVoce = 0;
   return Composto;
 }
 
-void Annuncia() { Mostra(); }
+void InizioParlato() { InizioVoce = Composto.Scritti(); }
 
-void Annuncia(const char* frase) {
-  NuovoAnnuncio().Testo(frase);
+void Annuncia(piattaforma::PrioritaVoce priorita) {
   Mostra();
+  Di(Frase + InizioVoce, priorita);
+}
+
+void Annuncia(const char* frase, piattaforma::PrioritaVoce priorita) {
+  NuovoAnnuncio().Testo(frase);
+  Annuncia(priorita);
 }
 
 const char* UltimoAnnuncio() { return Frase; }
 
 void CancellaAnnuncio() {
-  Composto.Svuota();
+  NuovoAnnuncio();
   Mostra();
 }

@@ -8,17 +8,22 @@
 
 #include <cstddef>
 
+#include "piattaforma/piattaforma.h"
 #include "testo/composizione.h"
 
 constexpr int RIGHE_ANNUNCIO = 2;
 constexpr size_t LUNGHEZZA_ANNUNCIO = 160;  // two screen lines
 
 // A new sentence: the composer is emptied and handed back; Annuncia()
-// shows what was composed.
+// shows what was composed and gives it to the voice with `priorita`.
 Composizione& NuovoAnnuncio();
-void Annuncia();
+void Annuncia(piattaforma::PrioritaVoce priorita = piattaforma::PrioritaVoce::Testo);
+// What the voice says starts here, not at the sentence's start: a move's
+// text ("Nf3: ") is for the eye, its words for the ear.
+void InizioParlato();
 // A whole sentence at once.
-void Annuncia(const char* frase);
+void Annuncia(const char* frase,
+              piattaforma::PrioritaVoce priorita = piattaforma::PrioritaVoce::Testo);
 // What the line says now ("" before the first announcement).
 const char* UltimoAnnuncio();
 // Blanks the line (a new screen).

@@ -128,7 +128,8 @@ void CadutaBandierina(int colore) {
   c.Testo("Bandierina: al ");
   c.Testo(StringaColore[colore]);
   c.Testo(" e' finito il tempo.");
-  Annuncia();
+  // Nothing may cover a flag fall.
+  Annuncia(piattaforma::PrioritaVoce::Importante);
   const DecisioneCaduta decisione = ValutaCaduta(colore);
   bool aggiudicare = false;
   switch (decisione) {
@@ -156,6 +157,7 @@ void PresentaMossa(EsitoMossa esito) {
   Composizione& c = NuovoAnnuncio();
   c.Testo(testo);
   c.Testo(": ");
+  InizioParlato();
   MossaInParole(c, esito.mossa);
   ScaccoInParole(c, testo);
   if (esito.fine == FineDellaPartita::Stallo) c.Testo("; stallo");
@@ -163,7 +165,12 @@ void PresentaMossa(EsitoMossa esito) {
   if (esito.domanda == DomandaAllArbitro::CinquantaMosse) c.Testo("; regola delle 50 mosse");
   if (esito.domanda == DomandaAllArbitro::TripliceRipetizione) c.Testo("; triplice ripetizione");
   c.Carattere('.');
-  Annuncia();
+  // A box follows a move that ends the game or asks: the sentence waits for
+  // no box, and the box waits for it.
+  const bool segue_finestra =
+      esito.fine != FineDellaPartita::Nessuna || esito.domanda != DomandaAllArbitro::Nessuna;
+  Annuncia(segue_finestra ? piattaforma::PrioritaVoce::Messaggio
+                          : piattaforma::PrioritaVoce::Testo);
   if (esito.disambigua_fallita) Avvisa("Errore in disambigua mossa pezzo!");
   if (esito.fine != FineDellaPartita::Nessuna) {
     avisa_aggiudicazione();

@@ -12,6 +12,7 @@
 #include "console/parole.h"
 #include "console/politica_interfaccia.h"
 #include "console/schermo.h"
+#include "console/voce.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
 #include "game/giornale.h"
@@ -42,17 +43,23 @@ static void InstallaSchermi() {
         ImpostaFocus();
       },
       [](SegnaleOrologio segnale, int colore, int32_t secondi) {
-        if (segnale != SegnaleOrologio::Allarme) return;
+        if (segnale == SegnaleOrologio::ContoAllaRovescia) {
+          static const char* const Numeri[4] = {"", "uno", "due", "tre"};
+          if (secondi >= 1 && secondi <= 3)
+            Di(Numeri[secondi], piattaforma::PrioritaVoce::Messaggio);
+          return;
+        }
         Composizione& c = NuovoAnnuncio();
         c.Testo("Allarme: ");
         c.Testo(StringaColore[colore]);
         c.Testo(", ");
         TempoInParole(c, secondi);
         c.Carattere('.');
-        Annuncia();
+        Annuncia(piattaforma::PrioritaVoce::Messaggio);
       },
   });
   DopoFinestra = ImpostaFocus;
+  FinestraAperta = [](const char* testo) { Di(testo, piattaforma::PrioritaVoce::Messaggio); };
   // A box opens on a journal up to date (a move just played, when its
   // question is the box), and while it waits the journal keeps the running
   // time.
@@ -91,6 +98,7 @@ void inizializza() {
   ScriviElencoComandi();
   LeggiIni();
   LeggiTabella(TabellaPreferenze);
+  AvviaVoce();
   DisegnaIntestazione();
   StampaPannelloPrincipale();
   ImpostaFocus();

@@ -11,6 +11,7 @@
 #include "console/arbitro.h"
 #include "console/parole.h"
 #include "console/schermo.h"
+#include "console/voce.h"
 #include "diagnostics/stampa.h"
 #include "game/aggiudicazione.h"
 #include "game/file_partita.h"
@@ -466,8 +467,23 @@ void comando_VisualizzaPartitaPgn() {
 }
 
 void ChiudiIlProgramma() {
+  piattaforma::ChiudiVoce();
   piattaforma::ChiudiConsole();
   piattaforma::TerminaProcesso(0);
+}
+
+// The voice's choice is kept for the next start, like any other preference.
+void comando_Voce() {
+  const bool accendi = !VoceAccesa();
+  if (accendi) {
+    if (!AccendiVoce()) return;
+  } else {
+    SpegniVoce();
+  }
+  ImpostaPreferenza(PREFERENZA_VOCE, accendi ? 1 : 0);
+  ScriviTabella(TabellaPreferenze);
+  Annuncia(accendi ? "Voce accesa." : "Voce spenta.");
+  Suona(Tono::Conferma);
 }
 
 void comando_esci() {

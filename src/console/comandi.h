@@ -16,6 +16,8 @@ void comando_FrecciaGiu();
 void comando_home();
 void comando_end();
 void comando_esci();
+// Ctrl+V: the voice on or off, kept in preferenze.ini.
+void comando_Voce();
 
 void comando_OrologioInMoto();
 void comando_FermaOrologio();

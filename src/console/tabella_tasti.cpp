@@ -104,6 +104,7 @@ constexpr RigaTabellaTasti TabellaTasti[] = {
     {G::Ctrl, {Tasto('B'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiPezzi), 0, false},
     {G::Ctrl, {Tasto('N'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiPezzi), 1, false},
     {G::Ctrl, {Tasto('E'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_LeggiCasa), 0, false},
+    {G::Ctrl, {Tasto('V'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_Voce), 0, false},
 
     {G::Alt, {Tasto(VK_F4), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_esci), 0, false},
     {G::Alt, {Tasto('N'), Nessuno}, S::Qualsiasi, PENDRINO_AZIONE(comando_NuovaPartita), 0, false},

@@ -14,6 +14,7 @@ const char* const TitoloFinestre = "Attenzione!";
 
 void (*DopoFinestra)();
 void (*PrimaDellaFinestra)();
+void (*FinestraAperta)(const char* testo);
 
 namespace {
 // messaggio as the composer sees it; InMessaggio follows what it wrote.
@@ -50,6 +51,7 @@ void Avvisa(const char* testo) { Domanda(testo, MB_OK | MB_ICONINFORMATION); }
 
 int Domanda(const char* testo, unsigned stile) {
   if (PrimaDellaFinestra) PrimaDellaFinestra();
+  if (FinestraAperta) FinestraAperta(testo);
   const int risposta = piattaforma::FinestraMessaggio(testo, TitoloFinestre, stile);
   if (DopoFinestra) DopoFinestra();
   return risposta;

@@ -36,3 +36,5 @@ extern void (*DopoFinestra)();
 // Run before every box opens: the console brings the journal up to date, so
 // that what a box answers to is on disk before anyone can answer it.
 extern void (*PrimaDellaFinestra)();
+// Run with the box's text as it opens: the console's voice says it.
+extern void (*FinestraAperta)(const char* testo);

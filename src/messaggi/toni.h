@@ -6,15 +6,15 @@
 #include <cstdint>
 
 enum class Tono : uint8_t {
-  Digitazione,        // a character typed; twice, the running side's time line
-  Conferma,           // a move played, a setting stored, a game saved, a period passed
-  Pausa,              // between tones, and the top end of the focus
-  Fondo,              // the bottom end of the focus, the command field
-  Bip,                // the clock started or stopped, an alarm, the countdown, a flag
-  PrefissoAnnullato,  // a terminal's key prefix cancelled
-  PrefissoAlt,        // Esc as Alt
-  PrefissoCtrl,       // Ctrl+X as Ctrl
-  PrefissoCtrlShift,  // Ctrl+X twice as Ctrl+Shift
+  Digitazione,          // a character typed; twice, the running side's time line
+  Conferma,             // a move played, a setting stored, a game saved, a period passed
+  Pausa,                // between tones, and the top end of the focus
+  Fondo,                // the bottom end of the focus, the command field
+  Bip,                  // the clock started or stopped, an alarm, the countdown, a flag
+  PrefissoAnnullato,    // a terminal's key prefix cancelled
+  PrefissoAlt,          // Esc as Alt
+  PrefissoCtrl,         // Ctrl+X as Ctrl
+  PrefissoCtrlShift,    // Ctrl+X twice as Ctrl+Shift
   PrefissoFunzione,     // Ctrl+F: a function key follows
   PrefissoAltFunzione,  // Ctrl+F twice: Alt with a function key follows
 };

@@ -90,6 +90,22 @@ const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
 // sounded. Either way it never brings the screen up to date.
 void Suona(uint32_t frequenza, uint32_t durata);
 
+// The program's own voice, for a player who wants the clock to speak: the
+// system's speech service, or the running screen reader's own voice where
+// the platform can reach it. Priorities: Testo replaces a sentence of its
+// kind not yet said (a move, a readout); Messaggio waits for what is being
+// said but cuts a Testo short (a box, an alarm, a countdown second);
+// Importante interrupts everything and nothing interrupts it (a flag fall).
+enum class PrioritaVoce : uint8_t { Testo, Messaggio, Importante };
+// Opens the voice, in Italian; false when no speech can be reached (the
+// program goes on with its tones). Opening an open voice is harmless.
+bool ApriVoce();
+// Says `testo` (UTF-8); nothing when the voice is not open.
+void Parla(const char* testo, PrioritaVoce priorita);
+// Stops what is being said and everything waiting.
+void ZittisciVoce();
+void ChiudiVoce();
+
 // Monotonic milliseconds, unaffected by changes of the system time.
 uint64_t Millisecondi();
 struct DataOraUTC {

@@ -28,6 +28,7 @@ const TabellaIni TabellaParametri = {NomeFileIni, ParametroIni, NUMERO_PARAMETRI
 
 RigaIni PreferenzaIni[NUMERO_PREFERENZE] = {
     {"lettore_di_schermo", "lettore di schermo", "valore booleano", 0, 0, 0, 1},
+    {"voce", "voce del programma", "valore booleano", 0, 0, 0, 1},
 };
 const char* const NomeFilePreferenze = "preferenze.ini";
 const TabellaIni TabellaPreferenze = {NomeFilePreferenze, PreferenzaIni, NUMERO_PREFERENZE};

@@ -43,7 +43,9 @@ extern const TabellaIni TabellaPreferenze;  // preferenze.ini, PreferenzaIni
 enum RigaPreferenza : int {
   // 1: what a screen reader would read as noise stays off the screen.
   PREFERENZA_LETTORE_DI_SCHERMO = 0,
-  NUMERO_PREFERENZE = 1,
+  // 1: the program speaks with its own voice.
+  PREFERENZA_VOCE = 1,
+  NUMERO_PREFERENZE = 2,
 };
 extern RigaIni PreferenzaIni[NUMERO_PREFERENZE];
 inline int32_t Preferenza(int riga) { return PreferenzaIni[riga].valore; }

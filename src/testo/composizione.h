@@ -43,7 +43,8 @@ class Composizione {
 #if defined(__GNUC__) || defined(__clang__)
   __attribute__((format(printf, 2, 3)))
 #endif
-  void Formato(const char* formato, ...) {
+  void
+  Formato(const char* formato, ...) {
     va_list argomenti;
     va_start(argomenti, formato);
     FormatoDa(formato, argomenti);
@@ -51,8 +52,8 @@ class Composizione {
   }
   void FormatoDa(const char* formato, va_list argomenti) {
     const size_t resto = scritti_ < capienza_ ? capienza_ - scritti_ : 0;
-    const int voluti = std::vsnprintf(resto ? testo_ + scritti_ : nullptr, resto, formato,
-                                      argomenti);
+    const int voluti =
+        std::vsnprintf(resto ? testo_ + scritti_ : nullptr, resto, formato, argomenti);
     if (voluti < 0) return;
     const size_t n = size_t(voluti);
     lunghezza_ += n;

@@ -64,8 +64,9 @@ class AmbienteOrologio : public ::testing::Test {
         [] { Disegni.push_back("stato"); },
         [] { Disegni.push_back("cadenza"); },
         [](SegnaleOrologio segnale, int colore, int32_t secondi) {
-          Segnali.push_back(std::string(segnale == SegnaleOrologio::Allarme ? "allarme " : "conto ") +
-                            std::to_string(colore) + " " + std::to_string(secondi));
+          Segnali.push_back(
+              std::string(segnale == SegnaleOrologio::Allarme ? "allarme " : "conto ") +
+              std::to_string(colore) + " " + std::to_string(secondi));
         },
     };
     Segnali.clear();

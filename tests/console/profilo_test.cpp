@@ -20,7 +20,7 @@ class ProfiloLettore : public AmbienteConsole {
  protected:
   static void Avvia(int lettore) {
     memoria::ImpostaFile("preferenze.ini",
-                         "$ lettore_di_schermo " + std::to_string(lettore) + "\n");
+                         "$ lettore_di_schermo " + std::to_string(lettore) + "\n$ voce 0\n");
     inizializza();
     NuovaPartita(FenIniziale);
   }

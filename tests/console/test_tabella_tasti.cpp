@@ -141,17 +141,18 @@ TEST(TabellaTasti, LeLetture) {
       {'N', ALT_GR, "comando_LeggiPezzi", 1},
       {VK_PRIOR, 0, "comando_FormularioIndietro", 0},
       {VK_NEXT, SHIFT, "comando_FormularioAvanti", 0},
+      {'V', CTRL, "comando_Voce", 0},
   };
   for (const Atteso& a : attesi) Verifica(a);
 }
 
 TEST(TabellaTasti, AltriTastiSempliciSonoIgnorati) {
   for (WORD codice : std::initializer_list<WORD>{
-           VK_ESCAPE, VK_TAB,        VK_SPACE,   VK_OEM_PLUS, VK_OEM_MINUS, VK_OEM_1,
-           VK_OEM_2,  VK_OEM_PERIOD, VK_F2,      VK_F3,       VK_F6,        VK_F7,
-           VK_F10,    VK_F11,        VK_LEFT,    VK_RIGHT,
-           VK_INSERT, VK_DELETE,     VK_ADD,     VK_SUBTRACT, VK_MULTIPLY,  VK_DECIMAL,
-           VK_DIVIDE, WORD(0x2F),    WORD(0x5B), WORD(0),     WORD(0xFF)})
+           VK_ESCAPE,  VK_TAB,        VK_SPACE,    VK_OEM_PLUS, VK_OEM_MINUS, VK_OEM_1,
+           VK_OEM_2,   VK_OEM_PERIOD, VK_F2,       VK_F3,       VK_F6,        VK_F7,
+           VK_F10,     VK_F11,        VK_LEFT,     VK_RIGHT,    VK_INSERT,    VK_DELETE,
+           VK_ADD,     VK_SUBTRACT,   VK_MULTIPLY, VK_DECIMAL,  VK_DIVIDE,    WORD(0x2F),
+           WORD(0x5B), WORD(0),       WORD(0xFF)})
     Verifica({codice, 0, "", 0});
 }
 
@@ -225,7 +226,7 @@ TEST(TabellaTasti, TastierinoNumericoConESenzaBlocNum) {
 }
 
 TEST(TabellaTasti, OgniRigaHaUnGruppoEUnAzione) {
-  ASSERT_EQ(RigheTabellaTasti, 37);
+  ASSERT_EQ(RigheTabellaTasti, 38);
   std::set<std::string> viste;
   for (int i = 0; i < RigheTabellaTasti; ++i) {
     const RigaTabellaTasti& r = TabellaTasti[i];
@@ -260,7 +261,8 @@ TEST(TabellaTasti, OgniRigaHaUnGruppoEUnAzione) {
                                         "comando_LeggiPezzi",
                                         "comando_LeggiCasa",
                                         "comando_FormularioIndietro",
-                                        "comando_FormularioAvanti"};
+                                        "comando_FormularioAvanti",
+                                        "comando_Voce"};
   EXPECT_EQ(viste, attese);
 }
 

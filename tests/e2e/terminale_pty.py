@@ -197,10 +197,12 @@ def testo_impostazioni(**valori):
     return testo
 
 
-def testo_preferenze(lettore_di_schermo=0):
+def testo_preferenze(lettore_di_schermo=0, voce=0):
     """preferenze.ini as the program writes it."""
     return ("\nlettore di schermo (valore booleano) min: 0 max: 1 default: 0\n"
-            f"$\tlettore_di_schermo\t{lettore_di_schermo}\n")
+            f"$\tlettore_di_schermo\t{lettore_di_schermo}\n"
+            "\nvoce del programma (valore booleano) min: 0 max: 1 default: 0\n"
+            f"$\tvoce\t{voce}\n")
 
 
 def scrivi_impostazioni(cartella, preferenze=None, **valori):

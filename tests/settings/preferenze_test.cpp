@@ -12,7 +12,10 @@ namespace {
 const char* const PREFERENZE_DEFAULT =
     "\n"
     "lettore di schermo (valore booleano) min: 0 max: 1 default: 0\n"
-    "$\tlettore_di_schermo\t0\n";
+    "$\tlettore_di_schermo\t0\n"
+    "\n"
+    "voce del programma (valore booleano) min: 0 max: 1 default: 0\n"
+    "$\tvoce\t0\n";
 
 class Preferenze : public AmbienteParametri {
  protected:
@@ -43,12 +46,12 @@ TEST_F(Preferenze, FileMancanteAvvisaEScriveIDefault) {
 }
 
 TEST_F(Preferenze, UnValoreLettoInSilenzio) {
-  memoria::ImpostaFile("preferenze.ini", "$ lettore_di_schermo 1\n");
+  memoria::ImpostaFile("preferenze.ini", "$ lettore_di_schermo 1\n$ voce 0\n");
   LeggiTabella(TabellaPreferenze);
   EXPECT_TRUE(memoria::Finestre().empty());
   EXPECT_EQ(Preferenza(PREFERENZA_LETTORE_DI_SCHERMO), 1);
   // A whole file is left as it is.
-  EXPECT_EQ(memoria::ContenutoFile("preferenze.ini"), "$ lettore_di_schermo 1\n");
+  EXPECT_EQ(memoria::ContenutoFile("preferenze.ini"), "$ lettore_di_schermo 1\n$ voce 0\n");
 }
 
 TEST_F(Preferenze, UnaChiaveSconosciutaRipristinaTutto) {
@@ -61,7 +64,7 @@ TEST_F(Preferenze, UnaChiaveSconosciutaRipristinaTutto) {
 }
 
 TEST_F(Preferenze, UnValoreFuoriIntervalloSiDiceESiTieneIlDefault) {
-  memoria::ImpostaFile("preferenze.ini", "$ lettore_di_schermo 2\n");
+  memoria::ImpostaFile("preferenze.ini", "$ lettore_di_schermo 2\n$ voce 0\n");
   LeggiTabella(TabellaPreferenze);
   EXPECT_EQ(ini::Avvisi(),
             std::vector<std::string>{

@@ -46,6 +46,9 @@ struct Stato {
   size_t battiti = 0;
   std::vector<Finestra> finestre;
   std::vector<Tono> toni;
+  bool voce_disponibile = false, voce_aperta = false;
+  std::vector<Detto> detti;
+  size_t silenzi = 0;
   std::vector<int64_t> attese;
   std::vector<std::string> comandi;
   uint64_t millisecondi = 0;
@@ -134,6 +137,11 @@ void (*BattitoInstallato())() { return S().battito; }
 size_t BattitiEseguiti() { return S().battiti; }
 const std::vector<Finestra>& Finestre() { return S().finestre; }
 const std::vector<Tono>& Toni() { return S().toni; }
+
+void ImpostaVoceDisponibile(bool disponibile) { S().voce_disponibile = disponibile; }
+bool VoceAperta() { return S().voce_aperta; }
+const std::vector<Detto>& Detti() { return S().detti; }
+size_t Silenzi() { return S().silenzi; }
 
 void ImpostaMillisecondi(uint64_t ms) { S().millisecondi = ms; }
 void AvanzaMillisecondi(uint64_t ms) { S().millisecondi += ms; }
@@ -228,6 +236,19 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
 void ImpostaBattito(void (*battito)()) { S().battito = battito; }
 
 void Suona(uint32_t frequenza, uint32_t durata) { S().toni.push_back({frequenza, durata}); }
+
+bool ApriVoce() {
+  S().voce_aperta = S().voce_disponibile;
+  return S().voce_aperta;
+}
+
+void Parla(const char* testo, PrioritaVoce priorita) {
+  if (S().voce_aperta && testo) S().detti.push_back({testo, priorita});
+}
+
+void ZittisciVoce() { ++S().silenzi; }
+
+void ChiudiVoce() { S().voce_aperta = false; }
 
 uint64_t Millisecondi() { return S().millisecondi; }
 DataOraUTC OraUTC() { return S().ora; }

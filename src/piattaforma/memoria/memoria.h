@@ -63,6 +63,18 @@ struct Tono {
 };
 const std::vector<Tono>& Toni();
 
+// The voice: whether ApriVoce finds one (not after Azzera), and every
+// sentence Parla was given while it was open, in order.
+void ImpostaVoceDisponibile(bool disponibile);
+bool VoceAperta();
+struct Detto {
+  std::string testo;
+  piattaforma::PrioritaVoce priorita;
+};
+const std::vector<Detto>& Detti();
+// How many times ZittisciVoce ran.
+size_t Silenzi();
+
 void ImpostaMillisecondi(uint64_t ms);
 void AvanzaMillisecondi(uint64_t ms);
 void ImpostaOraUTC(piattaforma::DataOraUTC ora);
