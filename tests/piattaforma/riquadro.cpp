@@ -1,6 +1,6 @@
 // The terminal's message box: which key gives which answer, and the layout
 // of the text with its line breaks and word wrapping.
-#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/terminale/riquadro.h"
 
 #include <gtest/gtest.h>
 

@@ -19,7 +19,7 @@
 #include <initializer_list>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/posix/segnali.h"
 #include "piattaforma/posix/terminale.h"
 #include "piattaforma/testo.h"

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/posix/terminale.h"
 #include "piattaforma/testo.h"
 

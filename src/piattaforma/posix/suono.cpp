@@ -17,7 +17,7 @@
 #include <thread>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/coda_toni.h"
+#include "piattaforma/terminale/coda_toni.h"
 #include "piattaforma/posix/terminale.h"
 
 namespace piattaforma::terminale {

@@ -20,7 +20,7 @@
 
 #include "cartella_prova.h"
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/terminale/decodifica.h"
 
 #ifndef NCURSES_WIDECHAR
 #define NCURSES_WIDECHAR 1

@@ -1,4 +1,4 @@
-#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/terminale/riquadro.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,5 +1,5 @@
 // The message box of the terminal: its layout on the 80 x 44 screen and the
-// keys that answer it. Pure functions; messaggio.cpp draws with them.
+// keys that answer it. Pure functions; posix/messaggio.cpp draws with them.
 //
 // The box is a block in reverse video, one cell of frame around the text:
 //
