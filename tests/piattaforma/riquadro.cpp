@@ -134,7 +134,7 @@ TEST(RispostaRiquadroNeutra, LettereDiUnAltraPolitica) {
 TEST(ImpaginaRiquadro, TestoCortoCentratoConPulsanti) {
   Impaginazione imp;
   const char* testo = "Salvare la partita prima di uscire?";
-  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp);
+  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
   ASSERT_EQ(imp.righe, 1);
   EXPECT_EQ(Riga(testo, imp, 0), testo);
   EXPECT_FALSE(imp.troncato);
@@ -160,7 +160,7 @@ TEST(ImpaginaRiquadro, IlTitoloEIPulsantiDannoLaLarghezzaMinima) {
   Impaginazione imp;
   ImpaginaRiquadro("Ok", "Attenzione!", MB_OK, imp);
   EXPECT_EQ(imp.larghezza_testo, 13);  // " Attenzione! "
-  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp);
+  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
   EXPECT_EQ(imp.larghezza_testo, 29);
   EXPECT_EQ(imp.righe, 1);
   EXPECT_EQ(imp.riga[0].lunghezza, 0u);
@@ -264,38 +264,6 @@ TEST(ImpaginaRiquadro, SempreDentroLoSchermo) {
   Impaginazione imp;
   ImpaginaRiquadro(nullptr, nullptr, MB_OK, imp);
   EXPECT_EQ(imp.righe, 1);
-}
-
-TEST(ImpaginaRiquadro, EtichetteItaliane) {
-  EXPECT_STREQ(EtichettaPulsante(IDOK), "OK");
-  EXPECT_STREQ(EtichettaPulsante(IDYES), "S\xC3\xAC");
-  EXPECT_STREQ(EtichettaPulsante(IDNO), "No");
-  EXPECT_STREQ(EtichettaPulsante(IDCANCEL), "Annulla");
-  EXPECT_EQ(LarghezzaPulsante(IDYES), 6);
-  EXPECT_EQ(LarghezzaPulsante(IDCANCEL), 11);
-}
-
-TEST(MessaggioDimensioni, LaFormaPiuLungaCheCiStia) {
-  struct Caso {
-    int colonne, righe;
-    const char* atteso;
-  };
-  const Caso casi[] = {
-      {79, 44, "Finestra troppo piccola (79 x 44): servono almeno 80 colonne e 44 righe."},
-      {40, 10, "Servono almeno 80 colonne e 44 righe."},
-      {30, 10, "Servono 80x44 caratteri."},
-      {10, 3, "80x44"},
-      {3, 1, "80x"},
-      {0, 0, ""},
-  };
-  char m[128];
-  for (const Caso& caso : casi) {
-    MessaggioDimensioni(caso.colonne, caso.righe, m, sizeof m);
-    EXPECT_STREQ(m, caso.atteso);
-  }
-  char piccolo[6];
-  MessaggioDimensioni(79, 44, piccolo, sizeof piccolo);
-  EXPECT_STREQ(piccolo, "Fines");
 }
 
 TEST(Testo, Utf8ELatin1) {

@@ -56,7 +56,7 @@ struct Stato {
   size_t scritture = 0;
   std::set<std::string> bloccati_altrove, bloccati_qui;
   piattaforma::PoliticaInterfaccia politica;
-  const char* sezione_tasti = nullptr;
+  bool tasti_con_prefissi = false;
 };
 
 Stato& S() {
@@ -162,7 +162,7 @@ void ImpostaFileBloccato(const std::string& nome, bool bloccato) {
   }
 }
 bool BloccoPreso(const std::string& nome) { return S().bloccati_qui.count(nome) > 0; }
-void ImpostaSezioneTastiAlternativi(const char* sezione) { S().sezione_tasti = sezione; }
+void ImpostaTastiConPrefissi(bool prefissi) { S().tasti_con_prefissi = prefissi; }
 
 }  // namespace memoria
 
@@ -301,7 +301,7 @@ bool BloccaFile(const char* nome) {
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return S().politica; }
 
-const char* SezioneTastiAlternativi() { return S().sezione_tasti; }
+bool TastiConPrefissi() { return S().tasti_con_prefissi; }
 
 void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
 

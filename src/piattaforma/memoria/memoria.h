@@ -102,8 +102,9 @@ size_t ScrittureFile();
 void ImpostaFileBloccato(const std::string& nome, bool bloccato);
 bool BloccoPreso(const std::string& nome);
 
-// What SezioneTastiAlternativi returns; nullptr (as on Windows) after Azzera.
-void ImpostaSezioneTastiAlternativi(const char* sezione);
+// What TastiConPrefissi answers: true as in a terminal, false (as on
+// Windows) after Azzera.
+void ImpostaTastiConPrefissi(bool prefissi);
 
 // Thrown by TerminaProcesso so that a test can see the program end.
 struct UscitaProcesso {

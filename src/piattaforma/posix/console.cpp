@@ -19,9 +19,10 @@
 #include <initializer_list>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/posix/segnali.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/terminale/rifiuto.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/testo.h"
 
 namespace piattaforma::terminale {
@@ -157,6 +158,15 @@ struct Superficie {
   void Scorri() { wscrl(video.schermo, 1); }
 };
 
+// Says on standard error, in the program's words, why this terminal cannot
+// serve, and ends the program.
+[[noreturn]] void Rifiuta(RifiutoTerminale motivo) {
+  char riga[512];
+  ComponiRifiuto(motivo, std::getenv("TERM"), riga, sizeof riga);
+  std::fprintf(stderr, "%s\n", riga);
+  std::exit(1);
+}
+
 }  // namespace
 
 void MettiCarattere(WINDOW* finestra, int x, int y, uint32_t carattere, unsigned aspetto) {
@@ -282,24 +292,17 @@ void ApriConsole() {
   if (video.aperto) return;
   // Without a terminal there is nobody to play with, and waiting on a file
   // that is always readable would spin.
-  if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) {
-    std::fprintf(stderr, "Pendrino va avviato in un terminale.\n");
-    std::exit(1);
-  }
+  if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO))
+    terminale::Rifiuta(RifiutoTerminale::NessunTerminale);
   // A terminal that cannot move the cursor would show the screen as a stream
   // of text: refused before anything is written to it or its modes change.
   const terminale::Idoneita idoneita = terminale::IdoneitaTerminale();
-  if (idoneita != terminale::Idoneita::Adatto) {
-    const char* tipo = std::getenv("TERM");
-    constexpr char SERVE[] = "Pendrino ha bisogno di un terminale che sappia spostare il cursore";
-    if (idoneita == terminale::Idoneita::SenzaTipo)
-      std::fprintf(stderr, "%s, ma la variabile TERM non \xC3\xA8 impostata.\n", SERVE);
-    else if (idoneita == terminale::Idoneita::Sconosciuto)
-      std::fprintf(stderr, "%s, ma il terminale TERM=%s non \xC3\xA8 conosciuto.\n", SERVE, tipo);
-    else
-      std::fprintf(stderr, "%s, ma TERM=%s non sa farlo.\n", SERVE, tipo);
-    std::exit(1);
-  }
+  if (idoneita == terminale::Idoneita::SenzaTipo)
+    terminale::Rifiuta(RifiutoTerminale::SenzaTipo);
+  else if (idoneita == terminale::Idoneita::Sconosciuto)
+    terminale::Rifiuta(RifiutoTerminale::TipoSconosciuto);
+  else if (idoneita != terminale::Idoneita::Adatto)
+    terminale::Rifiuta(RifiutoTerminale::SenzaCursore);
   // Wide characters for "Sì"; numbers keep the C locale's format.
   std::setlocale(LC_CTYPE, "");
   termios modi;
@@ -318,9 +321,7 @@ void ApriConsole() {
   terminale::sessione = newterm(nullptr, stdout, stdin);
   if (terminale::sessione == nullptr) {
     terminale::TogliGestori();
-    std::fprintf(stderr, "Pendrino non conosce questo terminale (TERM=%s).\n",
-                 std::getenv("TERM") ? std::getenv("TERM") : "");
-    std::exit(1);
+    terminale::Rifiuta(RifiutoTerminale::NonAperto);
   }
   set_term(terminale::sessione);
   raw();

@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/testo.h"
 
 namespace piattaforma::terminale {
@@ -51,8 +51,8 @@ void DisegnaRiquadro(WINDOW* banda, const Impaginazione& imp, const char* testo,
                 imp.riga[r].lunghezza, imp.larghezza_testo, A_REVERSE);
 
   for (int p = 0; p < imp.pulsanti; ++p) {
-    char pulsante[32];
-    std::snprintf(pulsante, sizeof pulsante, "[ %s ]", EtichettaPulsante(imp.risposta[p]));
+    char pulsante[128];
+    std::snprintf(pulsante, sizeof pulsante, "[ %s ]", imp.etichetta[p]);
     const size_t lunghezza = std::strlen(pulsante);
     ScriviTesto(banda, imp.x + imp.colonna_pulsante[p], imp.riga_pulsanti, pulsante, lunghezza,
                 static_cast<int>(lunghezza), p == 0 ? A_NORMAL : A_REVERSE);

@@ -35,20 +35,26 @@ struct Impaginazione {
   int larghezza_testo;
   int x, y, larghezza, altezza;  // the whole box on the screen
   int pulsanti;
-  int risposta[MASSIMO_PULSANTI];          // IDOK, IDYES, IDNO, IDCANCEL; the first is the default
-  int colonna_pulsante[MASSIMO_PULSANTI];  // inside the box
-  int riga_pulsanti;                       // inside the box
-  int colonna_testo, riga_testo;           // first text character, inside the box
+  int risposta[MASSIMO_PULSANTI];           // IDOK, IDYES, IDNO, IDCANCEL; the first is the default
+  const char* etichetta[MASSIMO_PULSANTI];  // each button's label, as measured
+  int colonna_pulsante[MASSIMO_PULSANTI];   // inside the box
+  int riga_pulsanti;                        // inside the box
+  int colonna_testo, riga_testo;            // first text character, inside the box
 };
 
 // Splits `testo` at its line breaks and wraps long lines at spaces (or
-// anywhere, for a word longer than a line); sizes and centres the box.
-void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp);
+// anywhere, for a word longer than a line); sizes and centres the box, its
+// buttons labelled as `politica` says.
+void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp,
+                      const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
-// "OK", "Sì", "No" or "Annulla" (UTF-8).
-const char* EtichettaPulsante(int risposta);
+// The label of the button that gives `risposta` (UTF-8): the policy's, or
+// the neutral one where it names none.
+const char* EtichettaPulsante(int risposta,
+                              const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 // "[ Sì ]": the width on screen of a button with its brackets.
-int LarghezzaPulsante(int risposta);
+int LarghezzaPulsante(int risposta,
+                      const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
 // The answer that a key gives in a box of `stile`, or 0 when it gives none:
 // Enter for the first button, Esc for Annulla where the box has it and for
@@ -58,8 +64,9 @@ int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
                     const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
 // The line shown while the terminal is smaller than 80 x 44, written into
-// `uscita` (at least `dimensione` bytes): the longest of its forms that fits
-// in `colonne`.
-void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione);
+// `uscita` (at least `dimensione` bytes): the longest of the policy's forms
+// that fits in `colonne`, else "80x44" cut to `colonne`.
+void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione,
+                         const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
 }  // namespace piattaforma::terminale
