@@ -152,6 +152,21 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
 bool RinominaFile(const char* vecchio, const char* nuovo);
 bool EliminaFile(const char* nome);
 
+// Why the last file call failed, for the program to say so in its words.
+enum class ErroreFile : uint8_t {
+  Nessuno,     // the last file call succeeded
+  Permesso,    // no permission: a read-only folder, file or disk
+  DiscoPieno,  // no room: a full disk, a used-up quota, a file size limit
+  NonUnFile,   // a folder (or anything else that is not a file) where the file goes
+  Altro,       // anything else: a missing folder, a missing file to read or
+               // rename, a name that is not valid, a device error
+};
+// The outcome of this thread's last call of SostituisciFile,
+// SostituisciFileDiTesto, LeggiFile, AccodaAlFile, RinominaFile or
+// EliminaFile: Nessuno when it succeeded, else the reason it failed. Every
+// one of those calls sets it; no other call changes it.
+ErroreFile UltimoErroreFile();
+
 // Takes an exclusive lock on the file `nome` for the rest of this process's
 // life, so that two programs cannot work in one folder at once. The file is
 // made, empty, when missing, and otherwise never written, replaced or

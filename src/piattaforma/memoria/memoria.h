@@ -90,6 +90,14 @@ void ImpostaCapienzaFile(size_t byte);
 // A read-only disk: every call that changes a file (replace, append, rename,
 // remove) fails and changes nothing.
 void ImpostaSolaLettura(bool sola_lettura);
+// A file that every file call fails on, for `motivo` (ErroreFile::Nessuno
+// mends it): a folder in its place (NonUnFile), a file the user may not
+// write (Permesso), a device error (Altro)... Reads of it fail too. Azzera
+// mends every file, and UltimoErroreFile answers Nessuno after it.
+// Otherwise UltimoErroreFile follows the store: Permesso on a read-only
+// disk, DiscoPieno when the bytes do not fit, Altro for a missing file or a
+// name that is not valid.
+void ImpostaGuastoFile(const std::string& nome, piattaforma::ErroreFile motivo);
 // Calls of SostituisciFile and AccodaAlFile since Azzera, failed ones too.
 size_t ScrittureFile();
 

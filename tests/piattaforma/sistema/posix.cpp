@@ -290,15 +290,20 @@ TEST(FileSistemaPosix, ScritturaInterrottaAMetaLasciaIlVecchioFile) {
   prova::Scrivi(nome, vecchia);
   const std::string nuova = Sequenza(64 * 1024);
   bool salvato = true, accodato = true;
+  ErroreFile perche_salvato = ErroreFile::Nessuno, perche_accodato = ErroreFile::Nessuno;
   {
     LimiteDimensioneFile limite(16 * 1024);
     ASSERT_TRUE(limite.Attivo());
     salvato = Sostituisci(nome, nuova);
+    perche_salvato = UltimoErroreFile();
     // The same limit lets an append write its first 16 KiB and then stop:
     // the failure above really came halfway through the bytes.
     accodato = AccodaAlFile(cartella.Nome("registro").c_str(), nuova.data(), nuova.size());
+    perche_accodato = UltimoErroreFile();
   }
   EXPECT_FALSE(salvato);
+  EXPECT_EQ(perche_salvato, ErroreFile::DiscoPieno);
+  EXPECT_EQ(perche_accodato, ErroreFile::DiscoPieno);
   EXPECT_EQ(Contenuto(nome), vecchia);
   EXPECT_FALSE(Esiste(nome + ".tmp"));
   EXPECT_FALSE(accodato);
@@ -328,6 +333,7 @@ TEST(FileSistemaPosix, CartellaInSolaLetturaNonToccaIlVecchioFile) {
     RecordProperty("guasto", "read-only folder");
   }
   EXPECT_FALSE(Sostituisci(nome, "nuova"));
+  EXPECT_EQ(UltimoErroreFile(), permessi_ignorati ? ErroreFile::NonUnFile : ErroreFile::Permesso);
   EXPECT_EQ(Contenuto(nome), "vecchia");
   if (!permessi_ignorati) {
     EXPECT_FALSE(Esiste(nome + ".tmp"));
@@ -597,6 +603,7 @@ TEST(FileSistemaPosix, BloccoInUnaCartellaInSolaLettura) {
 TEST(FileSistemaPosix, DiscoPienoAccodaFallisce) {
   ASSERT_EQ(access("/dev/full", W_OK), 0);
   EXPECT_FALSE(AccodaAlFile("/dev/full", "1. e4\n", 6));
+  EXPECT_EQ(UltimoErroreFile(), ErroreFile::DiscoPieno);
 }
 #endif
 
