@@ -179,6 +179,38 @@ int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
   return 0;
 }
 
+int RigheRiquadro(const Impaginazione& imp) { return imp.righe + 1; }
+
+void PosizioneRiga(const Impaginazione& imp, int riga, int& x, int& y) {
+  if (riga < 0) riga = 0;
+  if (riga >= imp.righe) {
+    x = imp.colonna_pulsante[0];
+    y = imp.riga_pulsanti;
+    return;
+  }
+  x = imp.colonna_testo;
+  y = imp.riga_testo + riga;
+}
+
+int RigaDopoTasto(const Impaginazione& imp, int riga, const INPUT_RECORD& evento) {
+  if (evento.EventType != KEY_EVENT || !evento.Event.KeyEvent.bKeyDown) return riga;
+  const KEY_EVENT_RECORD& tasto = evento.Event.KeyEvent;
+  if (tasto.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) return riga;
+  const int ultima = RigheRiquadro(imp) - 1;
+  switch (tasto.wVirtualKeyCode) {
+    case VK_UP:
+      return riga > 0 ? riga - 1 : 0;
+    case VK_DOWN:
+      return riga < ultima ? riga + 1 : ultima;
+    case VK_HOME:
+      return 0;
+    case VK_END:
+      return ultima;
+    default:
+      return riga;
+  }
+}
+
 void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione,
                          const PoliticaInterfaccia& politica) {
   if (uscita == nullptr || dimensione == 0) return;

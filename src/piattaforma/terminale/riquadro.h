@@ -63,6 +63,21 @@ int LarghezzaPulsante(int risposta,
 int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
                     const PoliticaInterfaccia& politica = PoliticaInterfacciaAttuale());
 
+// The lines of the box that the cursor stands on, so that a screen reader
+// that reads the cursor's line hears them one by one: each line of the
+// text, 0 to imp.righe - 1, and then the buttons' line, imp.righe. It
+// starts on the first line of the text.
+int RigheRiquadro(const Impaginazione& imp);
+// Where the cursor stands on line `riga` (the nearest line when out of
+// range), inside the box: the first character of a text line, the first
+// button of the buttons' line.
+void PosizioneRiga(const Impaginazione& imp, int riga, int& x, int& y);
+// The line after `evento` from line `riga`: Up and Down one line (no
+// further than the first or the last), Home the first, End the buttons'
+// line; any other key, a release or a chord with Ctrl or Alt keeps `riga`.
+// None of them answers the box.
+int RigaDopoTasto(const Impaginazione& imp, int riga, const INPUT_RECORD& evento);
+
 // The line shown while the terminal is smaller than 80 x 44, written into
 // `uscita` (at least `dimensione` bytes): the longest of the policy's forms
 // that fits in `colonne`, else "80x44" cut to `colonne`.
