@@ -20,7 +20,7 @@ set -euo pipefail -f
 
 debian_run="build-essential cmake pkg-config libncurses-dev portaudio19-dev"
 debian_test="libgtest-dev libgmock-dev libbenchmark-dev tmux python3-pyte python3-pexpect
-  g++-mingw-w64-x86-64-posix wine64 wine pgn-extract"
+  g++-mingw-w64-x86-64-posix wine64 wine pgn-extract strace"
 debian_bench="libbenchmark-dev libvterm-dev python3-pyte python3-pexpect stockfish"
 debian_fuzz="build-essential cmake clang-14 libclang-rt-14-dev"
 debian_format="clang-format"
