@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 
 #include <cstdio>
@@ -20,6 +21,7 @@
 
 #include "cartella_prova.h"
 #include "piattaforma/piattaforma.h"
+#include "piattaforma/posix/file.h"
 #include "piattaforma/terminale/decodifica.h"
 
 #ifndef NCURSES_WIDECHAR
@@ -606,5 +608,63 @@ TEST(FileSistemaPosix, DiscoPienoAccodaFallisce) {
   EXPECT_EQ(UltimoErroreFile(), ErroreFile::DiscoPieno);
 }
 #endif
+
+// Why a file call failed: the system's error numbers in the program's terms.
+TEST(ErroreFilePosix, NumeriDErroreDelSistema) {
+  EXPECT_EQ(ErroreDaErrno(EACCES), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(EPERM), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(EROFS), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(ENOSPC), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EDQUOT), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EFBIG), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EISDIR), ErroreFile::NonUnFile);
+  EXPECT_EQ(ErroreDaErrno(ENOENT), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(ENOTDIR), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(ELOOP), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(EIO), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(0), ErroreFile::Altro);
+}
+
+// One bit per call refused for want of permission in `cartella`, a folder
+// this process may not write into.
+int PermessiNegati(const CartellaProva& cartella) {
+  const std::string nome = cartella.Nome("partita.pgn");
+  const bool rifiutati[] = {
+      !Sostituisci(nome, "nuova") && UltimoErroreFile() == ErroreFile::Permesso,
+      !AccodaAlFile(cartella.Nome("giornale.txt").c_str(), "x", 1) &&
+          UltimoErroreFile() == ErroreFile::Permesso,
+      !RinominaFile(nome.c_str(), cartella.Nome("altra.pgn").c_str()) &&
+          UltimoErroreFile() == ErroreFile::Permesso,
+      !EliminaFile(nome.c_str()) && UltimoErroreFile() == ErroreFile::Permesso,
+  };
+  int bit = 0;
+  for (int i = 0; i < 4; ++i) bit |= rifiutati[i] << i;
+  return bit;
+}
+
+// Root may write anywhere: there a child that has become nobody meets the
+// folder's permissions (root's own, 0755).
+TEST(ErroreFilePosix, CartellaSenzaPermessoDiScrittura) {
+  CartellaProva cartella;
+  prova::Scrivi(cartella.Nome("partita.pgn"), "vecchia");
+  if (geteuid() != 0) {
+    ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0555), 0);
+    EXPECT_EQ(PermessiNegati(cartella), 0xF);
+    chmod(cartella.Percorso().c_str(), 0755);
+    return;
+  }
+  ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0755), 0);
+  constexpr int SENZA_UTENTE = 100;
+  const pid_t figlio = fork();
+  ASSERT_GE(figlio, 0);
+  if (figlio == 0)
+    _exit(setgid(65534) == 0 && setuid(65534) == 0 ? PermessiNegati(cartella) : SENZA_UTENTE);
+  int stato = 0;
+  ASSERT_EQ(waitpid(figlio, &stato, 0), figlio);
+  ASSERT_TRUE(WIFEXITED(stato));
+  if (WEXITSTATUS(stato) == SENZA_UTENTE) GTEST_SKIP() << "this process cannot become nobody";
+  EXPECT_EQ(WEXITSTATUS(stato), 0xF);
+  EXPECT_EQ(Contenuto(cartella.Nome("partita.pgn")), "vecchia");
+}
 
 }  // namespace
