@@ -4,7 +4,10 @@
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
 // Output written with Scrivi becomes visible at the latest when the program
-// next waits for or reads input or opens a message box.
+// next waits for or reads input or opens a message box. In a terminal each
+// such update reaches it in one write that ends with the cursor in place,
+// as a screen reader needs; in an open box the arrows, Home and End move the
+// cursor over the box's lines.
 #pragma once
 
 #include <cstddef>

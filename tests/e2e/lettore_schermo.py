@@ -111,10 +111,12 @@ def impostazioni(originale, cambi):
 
 class LettoreSchermo:
     """fenrir reading `programma` (a path; `argomenti` its arguments) started
-    in `cartella`. `interrompi_ai_tasti` is fenrir's interruptOnKeyPress."""
+    in `cartella`. `interrompi_ai_tasti` is fenrir's interruptOnKeyPress;
+    `diario` keeps fenrir's own log of every event (fenrir.log in
+    self.lavoro, which then stays after the end) for an investigation."""
 
     def __init__(self, programma, cartella, argomenti=(), interrompi_ai_tasti=True,
-                 righe=44, colonne=80, ambiente=None):
+                 righe=44, colonne=80, ambiente=None, diario=False):
         self.programma = os.path.abspath(programma)
         self.cartella = cartella
         self.argomenti = list(argomenti)
@@ -127,6 +129,7 @@ class LettoreSchermo:
         self.socket = "pendrino-lettore-%d" % os.getpid()
         self.sessione = "lettore"
         self.interrompi_ai_tasti = interrompi_ai_tasti
+        self.diario = diario
         self.ultimo_tasto = None  # time.time() of the last key sent
         self.avviato = False
 
@@ -155,7 +158,8 @@ class LettoreSchermo:
             "sound": {"enabled": "False", "genericPlayFileCommand": "true",
                       "genericFrequencyCommand": "true"},
             # The spelling check would say that its module is missing.
-            "general": {"shell": avvio, "debugLevel": "3", "debugMode": "File",
+            "general": {"shell": avvio, "debugLevel": "3" if self.diario else "0",
+                        "debugMode": "File",
                         "debugFile": self.diario_fenrir, "autoSpellCheck": "False"},
             "remote": {"enable": "False"},
             "promote": {"enabled": "False"},
@@ -192,7 +196,8 @@ class LettoreSchermo:
 
     def __exit__(self, *_):
         self.chiudi()
-        shutil.rmtree(self.lavoro, ignore_errors=True)
+        if not self.diario:
+            shutil.rmtree(self.lavoro, ignore_errors=True)
 
     # -- keys ------------------------------------------------------------
     def premi(self, dati, pausa=0.0):
