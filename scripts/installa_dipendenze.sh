@@ -20,7 +20,7 @@ set -euo pipefail -f
 
 debian_run="build-essential cmake pkg-config libncurses-dev portaudio19-dev"
 debian_test="libgtest-dev libgmock-dev libbenchmark-dev tmux python3-pyte python3-pexpect
-  g++-mingw-w64-x86-64-posix wine64 wine pgn-extract"
+  g++-mingw-w64-x86-64-posix wine64 wine pgn-extract strace fenrir"
 debian_bench="libbenchmark-dev libvterm-dev python3-pyte python3-pexpect stockfish"
 debian_fuzz="build-essential cmake clang-14 libclang-rt-14-dev"
 debian_format="clang-format"
@@ -107,3 +107,9 @@ fi
 echo "Installing: $mancanti"
 apt-get update -qq
 DEBIAN_FRONTEND=noninteractive $installa
+# The tests start the screen reader fenrir themselves; the package also turns
+# it on for the text console at boot, which a machine that did not have it
+# did not ask for. A fenrir installed before is left as it was.
+if grep -qw fenrir <<<"$mancanti" && command -v systemctl >/dev/null 2>&1; then
+  systemctl disable fenrir.service >/dev/null 2>&1 || true
+fi

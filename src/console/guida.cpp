@@ -43,6 +43,36 @@ const char* const Nota[NUMERO_NOTE] = {
 
 namespace {
 
+// Where the platform lets prefixes stand in for the chords its keyboard may
+// not deliver (a terminal): how to type each command. Key names as the
+// command table writes them.
+const char SezioneTastiAlternativi[] =
+    "<h3>Tasti alternativi nel terminale</h3><p>"
+    "Nei terminali che non trasmettono le combinazioni di tasti:<br />"
+    "esc, poi un tasto, vale come alt + quel tasto;<br />"
+    "ctrl + x, poi un tasto, vale come ctrl + quel tasto;<br />"
+    "ctrl + x due volte, poi un tasto, vale come ctrl + shift + quel tasto.<br />"
+    "Un breve tono conferma ogni prefisso; esc, o ctrl + x una terza volta, annulla il prefisso "
+    "in attesa.</p><table>"
+    "<tr><th scope='column'>comando</th><th scope='column'>alternativa</th></tr>"
+    "<tr><td scope='row'>ctrl + invio</td><td>ctrl + x, poi invio</td></tr>"
+    "<tr><td scope='row'>ctrl + shift + invio</td><td>ctrl + x due volte, poi invio</td></tr>"
+    "<tr><td scope='row'>ctrl + tasto piu'</td><td>ctrl + x, poi + o =</td></tr>"
+    "<tr><td scope='row'>ctrl + tasto meno</td><td>ctrl + x, poi -</td></tr>"
+    "<tr><td scope='row'>ctrl + canc</td><td>ctrl + x, poi canc o backspace</td></tr>"
+    "<tr><td scope='row'>ctrl + 1 o 2</td><td>ctrl + x, poi 1 o 2</td></tr>"
+    "<tr><td scope='row'>ctrl + shift + 1 o 2</td>"
+    "<td>ctrl + x due volte, poi 1 o 2; oppure ctrl + x, poi ! o @</td></tr>"
+    "<tr><td scope='row'>ctrl + m</td><td>ctrl + x, poi m</td></tr>"
+    "<tr><td scope='row'>alt + numero da 1 a 5</td><td>esc, poi il numero da 1 a 5</td></tr>"
+    "<tr><td scope='row'>alt + n</td><td>esc, poi n</td></tr>"
+    "<tr><td scope='row'>alt + s</td><td>esc, poi s</td></tr>"
+    "<tr><td scope='row'>alt + f4</td><td>esc, poi f4</td></tr>"
+    "</table><p>"
+    "Nei terminali che trasmettono le combinazioni (xterm, tmux e la maggior parte dei terminali "
+    "grafici) valgono anche i tasti della tabella dei comandi.<br />"
+    "ctrl + z sospende Pendrino; il comando fg lo riprende.</p><hr>";
+
 // The pieces of a format "prima%sdopo": the value between.
 void Parti(Composizione& c, const char* prima, const char* valore = "", const char* dopo = "") {
   c.Testo(prima);
@@ -70,7 +100,7 @@ void ParteLettoreDiSchermo(Composizione& c) {
         "lettore di schermo leggerebbe come rumore: li danno i tasti qui sopra.</p><hr>");
 }
 
-// The page with the longest section a platform supplies, with room to spare.
+// The page with every section, with room to spare.
 char TestoDellaGuida[1 << 14];
 
 }  // namespace
@@ -99,7 +129,7 @@ size_t TestoElencoComandi(char* testo, size_t capienza) {
   for (int i = 0; i < NOTE_USATE; ++i) Parti(c, "", Nota[i], "<br />");
   Parti(c, "</p><hr>");
   ParteLettoreDiSchermo(c);
-  if (const char* sezione = piattaforma::SezioneTastiAlternativi()) Parti(c, sezione);
+  if (piattaforma::TastiConPrefissi()) Parti(c, SezioneTastiAlternativi);
   Parti(c, "</body></html>");
   return c.Lunghezza();
 }

@@ -1,3 +1,4 @@
+#include "piattaforma/errore_file.h"
 #include "piattaforma/piattaforma.h"
 
 namespace piattaforma {
@@ -9,7 +10,7 @@ bool SostituisciFileDiTesto(const char* nome, const char* testo, size_t lunghezz
   static char convertito[1 << 17];
   size_t n = 0;
   for (size_t i = 0; i < lunghezza; ++i) {
-    if (n + 2 > sizeof convertito) return false;
+    if (n + 2 > sizeof convertito) return EsitoFile(false, ErroreFile::Altro);
     if (testo[i] == '\n') convertito[n++] = '\r';
     convertito[n++] = testo[i];
   }

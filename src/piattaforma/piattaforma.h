@@ -4,7 +4,10 @@
 // (memoria) implements it for the tests; exactly one is linked into a program.
 //
 // Output written with Scrivi becomes visible at the latest when the program
-// next waits for or reads input or opens a message box.
+// next waits for or reads input or opens a message box. In a terminal each
+// such update reaches it in one write that ends with the cursor in place,
+// as a screen reader needs; in an open box the arrows, Home and End move the
+// cursor over the box's lines.
 #pragma once
 
 #include <cstddef>
@@ -62,10 +65,13 @@ constexpr int RispostaPredefinita(unsigned stile) {
 }
 
 // Choices of the user interface that the platform carries out but does not
-// make; the console installs its own at start-up. Until then the platform is
-// neutral: prefixes make no sound and only Enter (the first button) and Esc
-// (Cancel, or OK in a box without it) answer a message box. The Windows
-// console's own message box ignores the letters.
+// make, the words it shows among them: the platform holds no sentence of the
+// program's language. The program installs its own at start-up, before
+// ApriConsole. Until then the platform is neutral, for tools and tests:
+// prefixes make no sound, only Enter (the first button) and Esc (Cancel, or
+// OK in a box without it) answer a message box, and its words are plain
+// ASCII. The Windows console's own message box ignores the letters and the
+// labels.
 struct TonoPrefisso {
   uint32_t frequenza, durata;  // durata 0: silent
 };
@@ -74,11 +80,38 @@ struct LetteraRisposta {
   int risposta;  // IDYES, IDNO, IDCANCEL or IDOK; only where the box has that button
 };
 constexpr int MASSIMO_LETTERE_RISPOSTA = 8;
+// Why ApriConsole refused the terminal (and ended the program with status 1,
+// before writing to the terminal or changing its modes).
+enum class RifiutoTerminale : uint8_t {
+  NessunTerminale,  // standard input or output is not a terminal
+  SenzaTipo,        // TERM is unset or empty
+  TipoSconosciuto,  // no terminal description is called TERM
+  SenzaCursore,     // TERM's terminal cannot place the cursor
+  NonAperto,        // the terminal library refused TERM all the same
+};
 struct PoliticaInterfaccia {
   // The sticky key prefixes of terminals without the real chords.
   TonoPrefisso tono_annullato{}, tono_alt{}, tono_ctrl{}, tono_ctrl_shift{};
   int lettere = 0;
   LetteraRisposta lettera[MASSIMO_LETTERE_RISPOSTA]{};
+  // The labels of a terminal's box buttons (UTF-8, shown as "[ label ]");
+  // nullptr for the neutral "OK", "Yes", "No", "Cancel".
+  const char* etichetta_ok = nullptr;
+  const char* etichetta_si = nullptr;
+  const char* etichetta_no = nullptr;
+  const char* etichetta_annulla = nullptr;
+  // Writes into `uscita` (`dimensione` bytes, zero-terminated, cut to fit)
+  // the one line, without its line end, that a refused terminal prints on
+  // standard error; `tipo` is TERM ("" when unset). nullptr: a neutral line.
+  void (*componi_rifiuto)(RifiutoTerminale motivo, const char* tipo, char* uscita,
+                          size_t dimensione) = nullptr;
+  // Form `forma` (0 the longest, then ever shorter) of the line that asks
+  // for a larger terminal while it has `colonne` x `righe` cells, written
+  // into `uscita` as above; false when there is no such form. A terminal
+  // shows the longest form that fits its width, or else the size it needs
+  // in digits ("80x44"). nullptr: the digits only.
+  bool (*forma_dimensioni)(int forma, int colonne, int righe, char* uscita,
+                           size_t dimensione) = nullptr;
 };
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica);
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale();
@@ -138,6 +171,21 @@ bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza);
 bool RinominaFile(const char* vecchio, const char* nuovo);
 bool EliminaFile(const char* nome);
 
+// Why the last file call failed, for the program to say so in its words.
+enum class ErroreFile : uint8_t {
+  Nessuno,     // the last file call succeeded
+  Permesso,    // no permission: a read-only folder, file or disk
+  DiscoPieno,  // no room: a full disk, a used-up quota, a file size limit
+  NonUnFile,   // a folder (or anything else that is not a file) where the file goes
+  Altro,       // anything else: a missing folder, a missing file to read or
+               // rename, a name that is not valid, a device error
+};
+// The outcome of this thread's last call of SostituisciFile,
+// SostituisciFileDiTesto, LeggiFile, AccodaAlFile, RinominaFile or
+// EliminaFile: Nessuno when it succeeded, else the reason it failed. Every
+// one of those calls sets it; no other call changes it.
+ErroreFile UltimoErroreFile();
+
 // Takes an exclusive lock on the file `nome` for the rest of this process's
 // life, so that two programs cannot work in one folder at once. The file is
 // made, empty, when missing, and otherwise never written, replaced or
@@ -157,10 +205,13 @@ bool BloccaFile(const char* nome);
 void ComponiComandoVisualizzatore(char* destinazione, size_t dimensione, const char* file);
 void EseguiComandoVisualizzatore(const char* comando);
 
-// The help page's section on the keys that stand in for the chords this
-// platform's keyboard may not deliver: an HTML fragment with no line breaks,
-// or nullptr where every chord arrives.
-const char* SezioneTastiAlternativi();
+// Whether this platform's keyboard may fail to deliver some chords, so that
+// the sticky prefixes of the terminal stand in for them: Esc, then a key, as
+// Alt with that key; Ctrl+X, then a key, as Ctrl with it; Ctrl+X twice as
+// Ctrl+Shift; Esc or a third Ctrl+X cancels a waiting prefix; and Ctrl+Z
+// suspends the program. True in a terminal, false in the Windows console,
+// where every chord arrives.
+bool TastiConPrefissi();
 
 // Ends the process with `codice` (the console is not restored here).
 [[noreturn]] void TerminaProcesso(unsigned codice);

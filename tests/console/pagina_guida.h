@@ -1,6 +1,6 @@
 // The help page as the program must write it, byte for byte, up to the end
-// of the notes and of the section for screen-reader users; the platform's
-// own section (if any) and FINE_GUIDA follow.
+// of the notes and of the section for screen-reader users; the section on
+// the alternative keys (where the platform has them) and FINE_GUIDA follow.
 #pragma once
 
 #include <string>
@@ -60,6 +60,32 @@ inline const std::string INIZIO_GUIDA =
     "<tr><td scope='row'>ctrl + f due volte, poi un numero</td><td>Vale come alt con il tasto funzione: ctrl + f due volte, poi 4, vale come alt + f4.</td></tr>"
     "</table><p>"
     "Nel file preferenze.ini il valore 1 di lettore_di_schermo toglie dallo schermo il disegno iniziale, la scacchiera e il tempo in moto aggiornato ogni secondo, che un lettore di schermo leggerebbe come rumore: li danno i tasti qui sopra.</p><hr>";
+
+// The section on the keys that stand in for the chords, where the platform
+// has them (TastiConPrefissi).
+inline const std::string SEZIONE_TASTI_ALTERNATIVI =
+    "<h3>Tasti alternativi nel terminale</h3><p>"
+    "Nei terminali che non trasmettono le combinazioni di tasti:<br />"
+    "esc, poi un tasto, vale come alt + quel tasto;<br />"
+    "ctrl + x, poi un tasto, vale come ctrl + quel tasto;<br />"
+    "ctrl + x due volte, poi un tasto, vale come ctrl + shift + quel tasto.<br />"
+    "Un breve tono conferma ogni prefisso; esc, o ctrl + x una terza volta, annulla il prefisso in attesa.</p>"
+    "<table><tr><th scope='column'>comando</th><th scope='column'>alternativa</th></tr>"
+    "<tr><td scope='row'>ctrl + invio</td><td>ctrl + x, poi invio</td></tr>"
+    "<tr><td scope='row'>ctrl + shift + invio</td><td>ctrl + x due volte, poi invio</td></tr>"
+    "<tr><td scope='row'>ctrl + tasto piu'</td><td>ctrl + x, poi + o =</td></tr>"
+    "<tr><td scope='row'>ctrl + tasto meno</td><td>ctrl + x, poi -</td></tr>"
+    "<tr><td scope='row'>ctrl + canc</td><td>ctrl + x, poi canc o backspace</td></tr>"
+    "<tr><td scope='row'>ctrl + 1 o 2</td><td>ctrl + x, poi 1 o 2</td></tr>"
+    "<tr><td scope='row'>ctrl + shift + 1 o 2</td><td>ctrl + x due volte, poi 1 o 2; oppure ctrl + x, poi ! o @</td></tr>"
+    "<tr><td scope='row'>ctrl + m</td><td>ctrl + x, poi m</td></tr>"
+    "<tr><td scope='row'>alt + numero da 1 a 5</td><td>esc, poi il numero da 1 a 5</td></tr>"
+    "<tr><td scope='row'>alt + n</td><td>esc, poi n</td></tr>"
+    "<tr><td scope='row'>alt + s</td><td>esc, poi s</td></tr>"
+    "<tr><td scope='row'>alt + f4</td><td>esc, poi f4</td></tr>"
+    "</table><p>"
+    "Nei terminali che trasmettono le combinazioni (xterm, tmux e la maggior parte dei terminali grafici) valgono anche i tasti della tabella dei comandi.<br />"
+    "ctrl + z sospende Pendrino; il comando fg lo riprende.</p><hr>";
 // clang-format on
 
 inline const std::string FINE_GUIDA = "</body></html>";

@@ -11,7 +11,7 @@ namespace {
 
 class Guida : public AmbienteConsole {
  protected:
-  void TearDown() override { memoria::ImpostaSezioneTastiAlternativi(nullptr); }
+  void TearDown() override { memoria::ImpostaTastiConPrefissi(false); }
 
   static std::string Pagina() { return memoria::ContenutoFile("leggimi.html"); }
 
@@ -23,9 +23,9 @@ class Guida : public AmbienteConsole {
   }
 };
 
-// A platform with no section of its own (Windows): the page exactly as
+// A platform where every chord arrives (Windows): the page exactly as
 // known, with no line break anywhere.
-TEST_F(Guida, SenzaSezioneDellaPiattaformaLaPaginaEsatta) {
+TEST_F(Guida, SenzaPrefissiLaPaginaEsatta) {
   ScriviElencoComandi();
   EXPECT_EQ(Pagina(), INIZIO_GUIDA + FINE_GUIDA);
   EXPECT_EQ(Pagina().find('\n'), std::string::npos);
@@ -34,16 +34,13 @@ TEST_F(Guida, SenzaSezioneDellaPiattaformaLaPaginaEsatta) {
   EXPECT_TRUE(memoria::Scritto().empty());
 }
 
-TEST_F(Guida, LaSezioneDellaPiattaformaSegueLeNote) {
-  memoria::ImpostaSezioneTastiAlternativi("<h3>Tasti</h3><p>esc, poi n</p><hr>");
+// A terminal, where prefixes stand in for the chords: their section follows
+// the notes.
+TEST_F(Guida, ConIPrefissiLaLoroSezioneSegueLeNote) {
+  memoria::ImpostaTastiConPrefissi(true);
   ScriviElencoComandi();
-  EXPECT_EQ(Pagina(), INIZIO_GUIDA + "<h3>Tasti</h3><p>esc, poi n</p><hr>" + FINE_GUIDA);
-}
-
-TEST_F(Guida, UnaSezioneVuotaNonCambiaLaPagina) {
-  memoria::ImpostaSezioneTastiAlternativi("");
-  ScriviElencoComandi();
-  EXPECT_EQ(Pagina(), INIZIO_GUIDA + FINE_GUIDA);
+  EXPECT_EQ(Pagina(), INIZIO_GUIDA + SEZIONE_TASTI_ALTERNATIVI + FINE_GUIDA);
+  EXPECT_EQ(Pagina().find('\n'), std::string::npos);
 }
 
 TEST_F(Guida, VentunoComandiEDieciNote) {

@@ -8,7 +8,7 @@
 
 #include "comune/istantanea.h"
 #include "partita_da_tastiera.h"
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/terminale/decodifica.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The tones waiting for the audio device: played in order, each for its
 // whole length, pauses as silences of theirs, across the device's buffers of
 // any size; a full queue refuses the newest tone; two threads at once.
-#include "piattaforma/posix/coda_toni.h"
+#include "piattaforma/terminale/coda_toni.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "piattaforma/posix/onda.h"
+#include "piattaforma/terminale/onda.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Terminal input becomes the key records of the Windows console: every key of
 // the key table in its plain and modified forms, the CSI-u and
 // modifyOtherKeys sequences, Alt through ESC and the sticky prefixes.
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/terminale/decodifica.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The samples of a tone: the right length, the right pitch, no clicks at the
 // ends, and silence for frequencies outside hearing.
-#include "piattaforma/posix/onda.h"
+#include "piattaforma/terminale/onda.h"
 
 #include <gtest/gtest.h>
 

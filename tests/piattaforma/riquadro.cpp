@@ -1,6 +1,7 @@
 // The terminal's message box: which key gives which answer, and the layout
-// of the text with its line breaks and word wrapping.
-#include "piattaforma/posix/riquadro.h"
+// of the text with its line breaks and word wrapping, and the lines the
+// cursor walks.
+#include "piattaforma/terminale/riquadro.h"
 
 #include <gtest/gtest.h>
 
@@ -134,7 +135,7 @@ TEST(RispostaRiquadroNeutra, LettereDiUnAltraPolitica) {
 TEST(ImpaginaRiquadro, TestoCortoCentratoConPulsanti) {
   Impaginazione imp;
   const char* testo = "Salvare la partita prima di uscire?";
-  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp);
+  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
   ASSERT_EQ(imp.righe, 1);
   EXPECT_EQ(Riga(testo, imp, 0), testo);
   EXPECT_FALSE(imp.troncato);
@@ -160,7 +161,7 @@ TEST(ImpaginaRiquadro, IlTitoloEIPulsantiDannoLaLarghezzaMinima) {
   Impaginazione imp;
   ImpaginaRiquadro("Ok", "Attenzione!", MB_OK, imp);
   EXPECT_EQ(imp.larghezza_testo, 13);  // " Attenzione! "
-  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp);
+  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
   EXPECT_EQ(imp.larghezza_testo, 29);
   EXPECT_EQ(imp.righe, 1);
   EXPECT_EQ(imp.riga[0].lunghezza, 0u);
@@ -266,38 +267,6 @@ TEST(ImpaginaRiquadro, SempreDentroLoSchermo) {
   EXPECT_EQ(imp.righe, 1);
 }
 
-TEST(ImpaginaRiquadro, EtichetteItaliane) {
-  EXPECT_STREQ(EtichettaPulsante(IDOK), "OK");
-  EXPECT_STREQ(EtichettaPulsante(IDYES), "S\xC3\xAC");
-  EXPECT_STREQ(EtichettaPulsante(IDNO), "No");
-  EXPECT_STREQ(EtichettaPulsante(IDCANCEL), "Annulla");
-  EXPECT_EQ(LarghezzaPulsante(IDYES), 6);
-  EXPECT_EQ(LarghezzaPulsante(IDCANCEL), 11);
-}
-
-TEST(MessaggioDimensioni, LaFormaPiuLungaCheCiStia) {
-  struct Caso {
-    int colonne, righe;
-    const char* atteso;
-  };
-  const Caso casi[] = {
-      {79, 44, "Finestra troppo piccola (79 x 44): servono almeno 80 colonne e 44 righe."},
-      {40, 10, "Servono almeno 80 colonne e 44 righe."},
-      {30, 10, "Servono 80x44 caratteri."},
-      {10, 3, "80x44"},
-      {3, 1, "80x"},
-      {0, 0, ""},
-  };
-  char m[128];
-  for (const Caso& caso : casi) {
-    MessaggioDimensioni(caso.colonne, caso.righe, m, sizeof m);
-    EXPECT_STREQ(m, caso.atteso);
-  }
-  char piccolo[6];
-  MessaggioDimensioni(79, 44, piccolo, sizeof piccolo);
-  EXPECT_STREQ(piccolo, "Fines");
-}
-
 TEST(Testo, Utf8ELatin1) {
   size_t passo = 0;
   EXPECT_EQ(ProssimoCarattere("S\xC3\xAC", 3, passo), 'S');
@@ -324,6 +293,75 @@ TEST(Testo, Utf8ELatin1) {
     EXPECT_EQ(ProssimoCarattere(utf8, n, passo), c);
     EXPECT_EQ(passo, n);
   }
+}
+
+// The lines of an open box that the cursor walks with the arrows, Home and
+// End, so that a screen reader following the cursor reads each of them.
+// The box the program shows, its buttons labelled as the program's policy says.
+Impaginazione Riquadro(const char* testo, unsigned stile) {
+  Impaginazione imp;
+  ImpaginaRiquadro(testo, "Attenzione!", stile, imp, PoliticaInterfacciaPendrino());
+  return imp;
+}
+
+TEST(RigheRiquadro, LeRigheDelTestoPoiQuellaDeiPulsanti) {
+  const Impaginazione imp = Riquadro("Prima riga\nSeconda riga\nTerza", MB_YESNOCANCEL);
+  ASSERT_EQ(imp.righe, 3);
+  EXPECT_EQ(RigheRiquadro(imp), 4);
+  int x = -1, y = -1;
+  for (int r = 0; r < 3; ++r) {
+    PosizioneRiga(imp, r, x, y);
+    EXPECT_EQ(x, imp.colonna_testo) << r;
+    EXPECT_EQ(y, imp.riga_testo + r) << r;
+  }
+  PosizioneRiga(imp, 3, x, y);
+  EXPECT_EQ(x, imp.colonna_pulsante[0]);
+  EXPECT_EQ(y, imp.riga_pulsanti);
+  // Out of range: the nearest line.
+  PosizioneRiga(imp, -5, x, y);
+  EXPECT_EQ(y, imp.riga_testo);
+  PosizioneRiga(imp, 99, x, y);
+  EXPECT_EQ(y, imp.riga_pulsanti);
+}
+
+TEST(RigheRiquadro, FrecceInizioEFine) {
+  const Impaginazione imp = Riquadro("Prima riga\nSeconda riga", MB_YESNO);
+  ASSERT_EQ(RigheRiquadro(imp), 3);
+  EXPECT_EQ(RigaDopoTasto(imp, 0, Tasto(VK_DOWN)), 1);
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_DOWN)), 2);
+  EXPECT_EQ(RigaDopoTasto(imp, 2, Tasto(VK_DOWN)), 2);  // the buttons are the last line
+  EXPECT_EQ(RigaDopoTasto(imp, 2, Tasto(VK_UP)), 1);
+  EXPECT_EQ(RigaDopoTasto(imp, 0, Tasto(VK_UP)), 0);
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_HOME)), 0);
+  EXPECT_EQ(RigaDopoTasto(imp, 0, Tasto(VK_END)), 2);
+}
+
+TEST(RigheRiquadro, AltriTastiNonSpostano) {
+  const Impaginazione imp = Riquadro("Uno\nDue\nTre", MB_OK);
+  for (WORD tasto : {WORD('S'), WORD('N'), WORD(VK_LEFT), WORD(VK_RIGHT), WORD(VK_F4), WORD(VK_TAB),
+                     WORD(VK_RETURN)})
+    EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(tasto)), 1) << tasto;
+  // Released keys and chords with Ctrl or Alt leave the line too.
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_DOWN, 0, false)), 1);
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_DOWN, LEFT_CTRL_PRESSED)), 1);
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_HOME, LEFT_ALT_PRESSED)), 1);
+  // Shift does not matter.
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_DOWN, SHIFT_PRESSED)), 2);
+  INPUT_RECORD fuoco{};
+  fuoco.EventType = FOCUS_EVENT;
+  EXPECT_EQ(RigaDopoTasto(imp, 1, fuoco), 1);
+}
+
+TEST(RigheRiquadro, LeFrecceNonRispondonoAlRiquadro) {
+  for (WORD tasto : {WORD(VK_UP), WORD(VK_DOWN), WORD(VK_HOME), WORD(VK_END)})
+    EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(tasto), PoliticaInterfacciaPendrino()), 0);
+}
+
+TEST(RigheRiquadro, UnaSolaRigaDiTesto) {
+  const Impaginazione imp = Riquadro("Partita salvata.", MB_OK);
+  EXPECT_EQ(RigheRiquadro(imp), 2);
+  EXPECT_EQ(RigaDopoTasto(imp, 0, Tasto(VK_END)), 1);
+  EXPECT_EQ(RigaDopoTasto(imp, 1, Tasto(VK_HOME)), 0);
 }
 
 }  // namespace

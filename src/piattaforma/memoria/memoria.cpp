@@ -10,6 +10,7 @@
 #include <set>
 #include <utility>
 
+#include "piattaforma/errore_file.h"
 #include "piattaforma/testo.h"
 
 namespace memoria {
@@ -58,8 +59,9 @@ struct Stato {
   bool sola_lettura = false;
   size_t scritture = 0;
   std::set<std::string> bloccati_altrove, bloccati_qui;
+  std::map<std::string, piattaforma::ErroreFile> guasti;
   piattaforma::PoliticaInterfaccia politica;
-  const char* sezione_tasti = nullptr;
+  bool tasti_con_prefissi = false;
 };
 
 Stato& S() {
@@ -88,11 +90,31 @@ size_t ByteLiberi() {
 
 bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
 
+using piattaforma::ErroreFile;
+
+// The fault planted on `nome`, Nessuno when it is sound.
+ErroreFile Guasto(const char* nome) {
+  const auto trovato = S().guasti.find(nome);
+  return trovato == S().guasti.end() ? ErroreFile::Nessuno : trovato->second;
+}
+
+// Why a call that changes `nome` cannot even start: an unusable name, a
+// planted fault, a read-only disk; Nessuno when it may go on.
+ErroreFile Ostacolo(const char* nome) {
+  if (!NomeValido(nome)) return ErroreFile::Altro;
+  if (Guasto(nome) != ErroreFile::Nessuno) return Guasto(nome);
+  if (S().sola_lettura) return ErroreFile::Permesso;
+  return ErroreFile::Nessuno;
+}
+
+bool Fallisce(ErroreFile motivo) { return piattaforma::EsitoFile(false, motivo); }
+
 }  // namespace
 
 void Azzera() {
   S() = Stato{};
   S().griglia.Svuota();
+  piattaforma::ImpostaErroreFile(ErroreFile::Nessuno);
 }
 
 char Cella(int x, int y) {
@@ -170,7 +192,13 @@ void ImpostaFileBloccato(const std::string& nome, bool bloccato) {
   }
 }
 bool BloccoPreso(const std::string& nome) { return S().bloccati_qui.count(nome) > 0; }
-void ImpostaSezioneTastiAlternativi(const char* sezione) { S().sezione_tasti = sezione; }
+void ImpostaGuastoFile(const std::string& nome, piattaforma::ErroreFile motivo) {
+  if (motivo == ErroreFile::Nessuno)
+    S().guasti.erase(nome);
+  else
+    S().guasti[nome] = motivo;
+}
+void ImpostaTastiConPrefissi(bool prefissi) { S().tasti_con_prefissi = prefissi; }
 
 }  // namespace memoria
 
@@ -264,16 +292,26 @@ void EseguiComandoVisualizzatore(const char* comando) {
 
 bool SostituisciFile(const char* nome, const char* dati, size_t lunghezza) {
   ++S().scritture;
-  if (!memoria::NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
-  if (S().sola_lettura || lunghezza > memoria::ByteLiberi()) return false;
+  if (dati == nullptr && lunghezza > 0) return memoria::Fallisce(ErroreFile::Altro);
+  if (const ErroreFile ostacolo = memoria::Ostacolo(nome); ostacolo != ErroreFile::Nessuno)
+    return memoria::Fallisce(ostacolo);
+  if (lunghezza > memoria::ByteLiberi()) return memoria::Fallisce(ErroreFile::DiscoPieno);
   S().file[nome].assign(dati ? dati : "", lunghezza);
-  return true;
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
-  if (!memoria::NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  if (!memoria::NomeValido(nome) || (destinazione == nullptr && capienza > 0)) {
+    ImpostaErroreFile(ErroreFile::Altro);
+    return -1;
+  }
   const auto trovato = S().file.find(nome);
-  if (trovato == S().file.end()) return -1;
+  const ErroreFile guasto = memoria::Guasto(nome);
+  if (trovato == S().file.end() || guasto != ErroreFile::Nessuno) {
+    ImpostaErroreFile(guasto != ErroreFile::Nessuno ? guasto : ErroreFile::Altro);
+    return -1;
+  }
+  ImpostaErroreFile(ErroreFile::Nessuno);
   const std::string& contenuto = trovato->second;
   if (inizio >= contenuto.size()) return 0;
   const size_t da = static_cast<size_t>(inizio);
@@ -284,28 +322,33 @@ int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t 
 
 bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
   ++S().scritture;
-  if (!memoria::NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
-  if (S().sola_lettura) return false;
+  if (dati == nullptr && lunghezza > 0) return memoria::Fallisce(ErroreFile::Altro);
+  if (const ErroreFile ostacolo = memoria::Ostacolo(nome); ostacolo != ErroreFile::Nessuno)
+    return memoria::Fallisce(ostacolo);
   const size_t scritti = std::min(lunghezza, memoria::ByteLiberi());
   S().file[nome].append(dati ? dati : "", scritti);
-  return scritti == lunghezza;
+  return EsitoFile(scritti == lunghezza, ErroreFile::DiscoPieno);
 }
 
 bool RinominaFile(const char* vecchio, const char* nuovo) {
-  if (!memoria::NomeValido(vecchio) || !memoria::NomeValido(nuovo) || S().sola_lettura)
-    return false;
+  if (const ErroreFile ostacolo = memoria::Ostacolo(vecchio); ostacolo != ErroreFile::Nessuno)
+    return memoria::Fallisce(ostacolo);
+  if (const ErroreFile ostacolo = memoria::Ostacolo(nuovo); ostacolo != ErroreFile::Nessuno)
+    return memoria::Fallisce(ostacolo);
   const auto trovato = S().file.find(vecchio);
-  if (trovato == S().file.end()) return false;
-  if (trovato->first == nuovo) return true;
-  std::string contenuto = std::move(trovato->second);
-  S().file.erase(trovato);
-  S().file[nuovo] = std::move(contenuto);
-  return true;
+  if (trovato == S().file.end()) return memoria::Fallisce(ErroreFile::Altro);
+  if (trovato->first != nuovo) {
+    std::string contenuto = std::move(trovato->second);
+    S().file.erase(trovato);
+    S().file[nuovo] = std::move(contenuto);
+  }
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 bool EliminaFile(const char* nome) {
-  if (!memoria::NomeValido(nome) || S().sola_lettura) return false;
-  return S().file.erase(nome) > 0;
+  if (const ErroreFile ostacolo = memoria::Ostacolo(nome); ostacolo != ErroreFile::Nessuno)
+    return memoria::Fallisce(ostacolo);
+  return EsitoFile(S().file.erase(nome) > 0, ErroreFile::Altro);
 }
 
 bool BloccaFile(const char* nome) {
@@ -322,7 +365,7 @@ bool BloccaFile(const char* nome) {
 void ImpostaPoliticaInterfaccia(const PoliticaInterfaccia& politica) { S().politica = politica; }
 const PoliticaInterfaccia& PoliticaInterfacciaAttuale() { return S().politica; }
 
-const char* SezioneTastiAlternativi() { return S().sezione_tasti; }
+bool TastiConPrefissi() { return S().tasti_con_prefissi; }
 
 void TerminaProcesso(unsigned codice) { throw memoria::UscitaProcesso{codice}; }
 

@@ -102,6 +102,14 @@ void ImpostaCapienzaFile(size_t byte);
 // A read-only disk: every call that changes a file (replace, append, rename,
 // remove) fails and changes nothing.
 void ImpostaSolaLettura(bool sola_lettura);
+// A file that every file call fails on, for `motivo` (ErroreFile::Nessuno
+// mends it): a folder in its place (NonUnFile), a file the user may not
+// write (Permesso), a device error (Altro)... Reads of it fail too. Azzera
+// mends every file, and UltimoErroreFile answers Nessuno after it.
+// Otherwise UltimoErroreFile follows the store: Permesso on a read-only
+// disk, DiscoPieno when the bytes do not fit, Altro for a missing file or a
+// name that is not valid.
+void ImpostaGuastoFile(const std::string& nome, piattaforma::ErroreFile motivo);
 // Calls of SostituisciFile and AccodaAlFile since Azzera, failed ones too.
 size_t ScrittureFile();
 
@@ -114,8 +122,9 @@ size_t ScrittureFile();
 void ImpostaFileBloccato(const std::string& nome, bool bloccato);
 bool BloccoPreso(const std::string& nome);
 
-// What SezioneTastiAlternativi returns; nullptr (as on Windows) after Azzera.
-void ImpostaSezioneTastiAlternativi(const char* sezione);
+// What TastiConPrefissi answers: true as in a terminal, false (as on
+// Windows) after Azzera.
+void ImpostaTastiConPrefissi(bool prefissi);
 
 // Thrown by TerminaProcesso so that a test can see the program end.
 struct UscitaProcesso {

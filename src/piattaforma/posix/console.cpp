@@ -10,7 +10,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -19,9 +18,11 @@
 #include <initializer_list>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/riquadro.h"
 #include "piattaforma/posix/segnali.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/posix/uscita.h"
+#include "piattaforma/terminale/rifiuto.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/testo.h"
 
 namespace piattaforma::terminale {
@@ -46,16 +47,14 @@ bool dimensioni_chieste = false;
 void Invia(const char* testo) {
   if (testo == nullptr) return;
   std::fflush(stdout);
-  size_t resto = std::strlen(testo);
-  while (resto > 0) {
-    const ssize_t scritti = write(STDOUT_FILENO, testo, resto);
-    if (scritti <= 0) {
-      if (scritti < 0 && errno == EINTR) continue;
-      return;
-    }
-    testo += scritti;
-    resto -= static_cast<size_t>(scritti);
-  }
+  ScriviSulTerminale(testo, std::strlen(testo));
+}
+
+// Sent with the next update, in its write: a screen reader sees one write
+// however much goes out.
+void InviaConAggiornamento(const char* testo) {
+  AccodaAlTerminale(testo, std::strlen(testo));
+  video.da_aggiornare = true;
 }
 
 // What the fatal-signal handler writes to put the terminal back.
@@ -101,16 +100,16 @@ void InviaTitolo() {
   if (!richieste_estese || !titolo_impostato) return;
   char sequenza[sizeof titolo_chiesto + 8];
   std::snprintf(sequenza, sizeof sequenza, "\033]2;%s\007", titolo_chiesto);
-  Invia(sequenza);
+  InviaConAggiornamento(sequenza);
 }
 
 void InviaRichieste() {
   if (!richieste_estese) return;
-  Invia(TASTI_ESTESI_ACCESI);
+  InviaConAggiornamento(TASTI_ESTESI_ACCESI);
   if (dimensioni_chieste) {
     char sequenza[32];
     std::snprintf(sequenza, sizeof sequenza, "\033[8;%d;%dt", RIGHE_SCHERMO, COLONNE_SCHERMO);
-    Invia(sequenza);
+    InviaConAggiornamento(sequenza);
   }
 }
 
@@ -133,7 +132,7 @@ void MostraMessaggioDimensioni() {
   mvwaddstr(stdscr, LINES / 2, x, messaggio);
   wmove(stdscr, LINES / 2, x);
   wnoutrefresh(stdscr);
-  doupdate();
+  AggiornaInUnaScrittura();
 }
 
 // An open box stays answerable on a small terminal (the exit question above
@@ -149,13 +148,22 @@ void MostraRiquadroDaSolo() {
   const int x = (COLS - larghezza) / 2;
   touchwin(video.riquadro);
   pnoutrefresh(video.riquadro, 0, da, y, x, y + video.riquadro_altezza - 1, x + larghezza - 1);
-  doupdate();
+  AggiornaInUnaScrittura();
 }
 
 struct Superficie {
   void Metti(int x, int y, uint32_t c) { MettiCarattere(video.schermo, x, y, c); }
   void Scorri() { wscrl(video.schermo, 1); }
 };
+
+// Says on standard error, in the program's words, why this terminal cannot
+// serve, and ends the program.
+[[noreturn]] void Rifiuta(RifiutoTerminale motivo) {
+  char riga[512];
+  ComponiRifiuto(motivo, std::getenv("TERM"), riga, sizeof riga);
+  std::fprintf(stderr, "%s\n", riga);
+  std::exit(1);
+}
 
 }  // namespace
 
@@ -203,7 +211,7 @@ void Aggiorna() {
     pnoutrefresh(video.riquadro, 0, 0, video.riquadro_y, 0,
                  video.riquadro_y + video.riquadro_altezza - 1, COLONNE_SCHERMO - 1);
   }
-  doupdate();
+  AggiornaInUnaScrittura();
   video.da_aggiornare = false;
 }
 
@@ -217,6 +225,7 @@ void RilasciaTerminale() {
 void RiprendiTerminale() {
   if (!video.aperto) return;
   reset_prog_mode();
+  RiattivaTastieraConLAggiornamento(video.schermo);
   // The pager, or the shell while we were stopped, may have set its own.
   InviaTitolo();
   InviaRichieste();
@@ -282,24 +291,17 @@ void ApriConsole() {
   if (video.aperto) return;
   // Without a terminal there is nobody to play with, and waiting on a file
   // that is always readable would spin.
-  if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) {
-    std::fprintf(stderr, "Pendrino va avviato in un terminale.\n");
-    std::exit(1);
-  }
+  if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO))
+    terminale::Rifiuta(RifiutoTerminale::NessunTerminale);
   // A terminal that cannot move the cursor would show the screen as a stream
   // of text: refused before anything is written to it or its modes change.
   const terminale::Idoneita idoneita = terminale::IdoneitaTerminale();
-  if (idoneita != terminale::Idoneita::Adatto) {
-    const char* tipo = std::getenv("TERM");
-    constexpr char SERVE[] = "Pendrino ha bisogno di un terminale che sappia spostare il cursore";
-    if (idoneita == terminale::Idoneita::SenzaTipo)
-      std::fprintf(stderr, "%s, ma la variabile TERM non \xC3\xA8 impostata.\n", SERVE);
-    else if (idoneita == terminale::Idoneita::Sconosciuto)
-      std::fprintf(stderr, "%s, ma il terminale TERM=%s non \xC3\xA8 conosciuto.\n", SERVE, tipo);
-    else
-      std::fprintf(stderr, "%s, ma TERM=%s non sa farlo.\n", SERVE, tipo);
-    std::exit(1);
-  }
+  if (idoneita == terminale::Idoneita::SenzaTipo)
+    terminale::Rifiuta(RifiutoTerminale::SenzaTipo);
+  else if (idoneita == terminale::Idoneita::Sconosciuto)
+    terminale::Rifiuta(RifiutoTerminale::TipoSconosciuto);
+  else if (idoneita != terminale::Idoneita::Adatto)
+    terminale::Rifiuta(RifiutoTerminale::SenzaCursore);
   // Wide characters for "Sì"; numbers keep the C locale's format.
   std::setlocale(LC_CTYPE, "");
   termios modi;
@@ -315,18 +317,20 @@ void ApriConsole() {
   terminale::ApriSveglia();
   terminale::InstallaGestori();
 
-  terminale::sessione = newterm(nullptr, stdout, stdin);
+  terminale::sessione = newterm(nullptr, terminale::ApriUscita(), stdin);
   if (terminale::sessione == nullptr) {
+    terminale::ChiudiUscita();
     terminale::TogliGestori();
-    std::fprintf(stderr, "Pendrino non conosce questo terminale (TERM=%s).\n",
-                 std::getenv("TERM") ? std::getenv("TERM") : "");
-    std::exit(1);
+    terminale::Rifiuta(RifiutoTerminale::NonAperto);
   }
   set_term(terminale::sessione);
   raw();
   noecho();
   nonl();
   set_escdelay(25);
+  // An update is never broken off for a key that came meanwhile: half of it
+  // now and the rest later would be two writes.
+  typeahead(-1);
   curs_set(1);
   video.schermo = newpad(RIGHE_SCHERMO, COLONNE_SCHERMO);
   keypad(video.schermo, TRUE);
@@ -339,7 +343,7 @@ void ApriConsole() {
   terminale::ComponiRipristino();
   video.aperto = true;
   video.x = video.y = 0;
-  if (terminale::richieste_estese) terminale::Invia(terminale::SALVA_TITOLO);
+  if (terminale::richieste_estese) terminale::InviaConAggiornamento(terminale::SALVA_TITOLO);
   terminale::InviaTitolo();
   terminale::InviaRichieste();
   terminale::ControllaDimensioni();
@@ -358,6 +362,7 @@ void ChiudiConsole() {
   endwin();
   delscreen(terminale::sessione);
   terminale::sessione = nullptr;
+  terminale::ChiudiUscita();
   video.aperto = false;
   terminale::TogliGestori();
   terminale::ImpostaRipristino(nullptr, 0);

@@ -1,5 +1,7 @@
 // Files: whole replacement through a temporary file and a rename, appends
 // that reach the disk before the call returns.
+#include "piattaforma/posix/file.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -11,13 +13,34 @@
 #include <limits>
 #include <string>
 
+#include "piattaforma/errore_file.h"
 #include "piattaforma/piattaforma.h"
 
 namespace piattaforma {
 
+ErroreFile ErroreDaErrno(int numero) {
+  switch (numero) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return ErroreFile::Permesso;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:  // past the size the system lets a file of ours grow to
+      return ErroreFile::DiscoPieno;
+    case EISDIR:
+      return ErroreFile::NonUnFile;
+    default:
+      return ErroreFile::Altro;
+  }
+}
+
 namespace {
 
 bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
+
+// A failed call's answer, with the reason errno gives.
+bool FallitoPerErrno() { return EsitoFile(false, ErroreDaErrno(errno)); }
 
 int Apri(const char* nome, int modo) {
   int fd;
@@ -43,7 +66,10 @@ bool ScriviTutto(int fd, const char* dati, size_t lunghezza) {
       if (errno == EINTR) continue;
       return false;
     }
-    if (scritti == 0) return false;  // no room and no error: nothing would ever move
+    if (scritti == 0) {  // no room and no error: nothing would ever move
+      errno = ENOSPC;
+      return false;
+    }
     dati += scritti;
     lunghezza -= static_cast<size_t>(scritti);
   }
@@ -108,35 +134,58 @@ std::string FileVero(const char* nome) {
 }  // namespace
 
 bool SostituisciFile(const char* nome_dato, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0))
+    return EsitoFile(false, ErroreFile::Altro);
   const std::string vero = FileVero(nome_dato);
-  if (vero.empty()) return false;
+  if (vero.empty()) return EsitoFile(false, ErroreFile::Altro);
   const char* nome = vero.c_str();
   const std::string temporaneo = vero + ".tmp";
   // A leftover of an interrupted save goes; a link in its place is removed,
   // never followed, and anything else there (a folder) makes the save fail.
-  unlink(temporaneo.c_str());
+  const int rimosso = unlink(temporaneo.c_str()) == 0 ? 0 : errno;
   const int fd = Apri(temporaneo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
-  if (fd < 0) return false;
+  if (fd < 0) {
+    if (errno != EEXIST) return FallitoPerErrno();
+    // Still there after the unlink: a folder, or a file the folder's
+    // permissions keep.
+    struct stat resto {};
+    if (lstat(temporaneo.c_str(), &resto) == 0 && S_ISREG(resto.st_mode))
+      return EsitoFile(false, ErroreDaErrno(rimosso));
+    return EsitoFile(false, ErroreFile::NonUnFile);
+  }
   // The new file keeps the old one's permissions.
   struct stat vecchio {};
   if (stat(nome, &vecchio) == 0 && S_ISREG(vecchio.st_mode)) fchmod(fd, vecchio.st_mode & 07777);
   bool riuscito = ScriviTutto(fd, dati, lunghezza) && Sincronizza(fd, false);
+  int errore = riuscito ? 0 : errno;
   // Some file systems report a failed write only at close.
-  if (close(fd) != 0 && errno != EINTR) riuscito = false;
-  if (riuscito) riuscito = rename(temporaneo.c_str(), nome) == 0;
+  if (close(fd) != 0 && errno != EINTR && riuscito) {
+    riuscito = false;
+    errore = errno;
+  }
+  if (riuscito && rename(temporaneo.c_str(), nome) != 0) {
+    riuscito = false;
+    errore = errno;
+  }
   if (!riuscito) {
     unlink(temporaneo.c_str());
-    return false;
+    return EsitoFile(false, ErroreDaErrno(errore));
   }
   SincronizzaCartella(CartellaDi(nome));
-  return true;
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
-  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) {
+    ImpostaErroreFile(ErroreFile::Altro);
+    return -1;
+  }
   const int fd = Apri(nome, O_RDONLY);
-  if (fd < 0) return -1;
+  if (fd < 0) {
+    FallitoPerErrno();
+    return -1;
+  }
+  ImpostaErroreFile(ErroreFile::Nessuno);
   // No file can reach an offset beyond off_t: that is past its end.
   if (inizio > static_cast<uint64_t>(std::numeric_limits<off_t>::max())) {
     Chiudi(fd);
@@ -153,6 +202,7 @@ int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t 
     const ssize_t n = pread(fd, destinazione + letti, passo, static_cast<off_t>(posizione));
     if (n < 0) {
       if (errno == EINTR) continue;
+      FallitoPerErrno();
       Chiudi(fd);
       return -1;
     }
@@ -164,9 +214,10 @@ int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t 
 }
 
 bool AccodaAlFile(const char* nome_dato, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0))
+    return EsitoFile(false, ErroreFile::Altro);
   const std::string vero = FileVero(nome_dato);
-  if (vero.empty()) return false;
+  if (vero.empty()) return EsitoFile(false, ErroreFile::Altro);
   const char* nome = vero.c_str();
   bool creato = false;
   int fd = Apri(nome, O_WRONLY | O_APPEND);
@@ -174,36 +225,41 @@ bool AccodaAlFile(const char* nome_dato, const char* dati, size_t lunghezza) {
     fd = Apri(nome, O_WRONLY | O_APPEND | O_CREAT);
     creato = fd >= 0;
   }
-  if (fd < 0) return false;
+  if (fd < 0) return FallitoPerErrno();
   bool riuscito = ScriviTutto(fd, dati, lunghezza) && Sincronizza(fd, true);
-  if (close(fd) != 0 && errno != EINTR) riuscito = false;
+  int errore = riuscito ? 0 : errno;
+  if (close(fd) != 0 && errno != EINTR && riuscito) {
+    riuscito = false;
+    errore = errno;
+  }
   if (creato) SincronizzaCartella(CartellaDi(nome));
-  return riuscito;
+  return EsitoFile(riuscito, ErroreDaErrno(errore));
 }
 
 bool RinominaFile(const char* vecchio_dato, const char* nuovo_dato) {
-  if (!NomeValido(vecchio_dato) || !NomeValido(nuovo_dato)) return false;
+  if (!NomeValido(vecchio_dato) || !NomeValido(nuovo_dato))
+    return EsitoFile(false, ErroreFile::Altro);
   // The file moves from where one link points to where the other does.
   const std::string vero_vecchio = FileVero(vecchio_dato), vero_nuovo = FileVero(nuovo_dato);
-  if (vero_vecchio.empty() || vero_nuovo.empty()) return false;
+  if (vero_vecchio.empty() || vero_nuovo.empty()) return EsitoFile(false, ErroreFile::Altro);
   const char *vecchio = vero_vecchio.c_str(), *nuovo = vero_nuovo.c_str();
-  if (rename(vecchio, nuovo) != 0) return false;
+  if (rename(vecchio, nuovo) != 0) return FallitoPerErrno();
   const std::string cartella_nuovo = CartellaDi(nuovo), cartella_vecchio = CartellaDi(vecchio);
   SincronizzaCartella(cartella_nuovo);
   if (cartella_vecchio != cartella_nuovo) SincronizzaCartella(cartella_vecchio);
-  return true;
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 bool EliminaFile(const char* nome_dato) {
-  if (!NomeValido(nome_dato)) return false;
+  if (!NomeValido(nome_dato)) return EsitoFile(false, ErroreFile::Altro);
   // A link stays, to name the file made next.
   const std::string vero = FileVero(nome_dato);
-  if (vero.empty()) return false;
+  if (vero.empty()) return EsitoFile(false, ErroreFile::Altro);
   const char* nome = vero.c_str();
   // unlink never removes a folder, as a file call should not.
-  if (unlink(nome) != 0) return false;
+  if (unlink(nome) != 0) return FallitoPerErrno();
   SincronizzaCartella(CartellaDi(nome));
-  return true;
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 namespace {

@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/riquadro.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/terminale/riquadro.h"
 #include "piattaforma/testo.h"
 
 namespace piattaforma::terminale {
@@ -51,14 +51,20 @@ void DisegnaRiquadro(WINDOW* banda, const Impaginazione& imp, const char* testo,
                 imp.riga[r].lunghezza, imp.larghezza_testo, A_REVERSE);
 
   for (int p = 0; p < imp.pulsanti; ++p) {
-    char pulsante[32];
-    std::snprintf(pulsante, sizeof pulsante, "[ %s ]", EtichettaPulsante(imp.risposta[p]));
+    char pulsante[128];
+    std::snprintf(pulsante, sizeof pulsante, "[ %s ]", imp.etichetta[p]);
     const size_t lunghezza = std::strlen(pulsante);
     ScriviTesto(banda, imp.x + imp.colonna_pulsante[p], imp.riga_pulsanti, pulsante, lunghezza,
                 static_cast<int>(lunghezza), p == 0 ? A_NORMAL : A_REVERSE);
   }
-  // The cursor at the start of the text, where a screen reader starts reading.
-  wmove(banda, imp.riga_testo, imp.x + imp.colonna_testo);
+}
+
+// The cursor on line `riga` of the box (RigheRiquadro): a screen reader that
+// follows the cursor reads that line.
+void CursoreSullaRiga(WINDOW* banda, const Impaginazione& imp, int riga) {
+  int x = 0, y = 0;
+  PosizioneRiga(imp, riga, x, y);
+  wmove(banda, y, imp.x + x);
 }
 
 }  // namespace
@@ -88,6 +94,9 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   WINDOW* finestra = newpad(imp.altezza, COLONNE_SCHERMO);
   if (finestra == nullptr) return RispostaPredefinita(stile);
   terminale::DisegnaRiquadro(finestra, imp, testo, titolo);
+  // The cursor at the start of the text, where a screen reader starts reading.
+  int riga = 0;
+  terminale::CursoreSullaRiga(finestra, imp, riga);
   video.riquadro = finestra;
   video.riquadro_x = imp.x;
   video.riquadro_y = imp.y;
@@ -125,9 +134,17 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
     terminale::Esito esito;
     INPUT_RECORD evento;
     while (risposta == 0 && terminale::LeggiIngresso(stato, esito, evento)) {
-      // A box that cannot be seen is not answered.
-      if (esito == terminale::Esito::Evento && terminale::RiquadroVisibile())
+      // A box that cannot be seen is not answered. The arrows walk its lines
+      // without answering it.
+      if (esito == terminale::Esito::Evento && terminale::RiquadroVisibile()) {
         risposta = terminale::RispostaDaTasto(stile, evento);
+        const int nuova = terminale::RigaDopoTasto(imp, riga, evento);
+        if (risposta == 0 && nuova != riga) {
+          riga = nuova;
+          terminale::CursoreSullaRiga(finestra, imp, riga);
+          video.da_aggiornare = true;
+        }
+      }
       terminale::GestisciSegnali();
       terminale::Aggiorna();
     }

@@ -17,8 +17,8 @@
 #include <thread>
 
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/coda_toni.h"
 #include "piattaforma/posix/terminale.h"
+#include "piattaforma/terminale/coda_toni.h"
 
 namespace piattaforma::terminale {
 

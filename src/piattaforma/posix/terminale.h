@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/terminale/decodifica.h"
 
 struct _win_st;
 

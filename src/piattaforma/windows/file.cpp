@@ -1,15 +1,49 @@
 // Files: whole replacement through a temporary file and MoveFileEx, appends
 // flushed to the disk before the call returns; symbolic links kept.
+#include "piattaforma/windows/file.h"
+
 #include <string>
 
+#include "piattaforma/errore_file.h"
 #include "piattaforma/piattaforma.h"
 #include "piattaforma/tasti.h"
 
 namespace piattaforma {
 
+ErroreFile ErroreDaCodice(DWORD codice, bool cartella) {
+  // ERROR_DISK_QUOTA_EXCEEDED, which mingw-w64's headers leave out.
+  constexpr DWORD QUOTA_SUPERATA = 1295;
+  if (codice == QUOTA_SUPERATA) return ErroreFile::DiscoPieno;
+  switch (codice) {
+    case ERROR_ACCESS_DENIED:
+      return cartella ? ErroreFile::NonUnFile : ErroreFile::Permesso;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+      return cartella ? ErroreFile::NonUnFile : ErroreFile::Altro;
+    case ERROR_WRITE_PROTECT:
+      return ErroreFile::Permesso;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case ERROR_FILE_TOO_LARGE:
+      return ErroreFile::DiscoPieno;
+    default:
+      return ErroreFile::Altro;
+  }
+}
+
 namespace {
 
 bool NomeValido(const char* nome) { return nome != nullptr && nome[0] != 0; }
+
+bool Cartella(const char* nome) {
+  const DWORD attributi = GetFileAttributesA(nome);
+  return attributi != INVALID_FILE_ATTRIBUTES && (attributi & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+// A failed call's answer, with the reason of `codice` at `nome`.
+bool Fallito(DWORD codice, const char* nome) {
+  return EsitoFile(false, ErroreDaCodice(codice, Cartella(nome)));
+}
 
 // WriteFile takes a DWORD: large buffers go in pieces.
 constexpr size_t PASSO = size_t{1} << 30;
@@ -53,35 +87,48 @@ std::string FileVero(const char* nome) {
 }  // namespace
 
 bool SostituisciFile(const char* nome_dato, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0)) return false;
+  if (!NomeValido(nome_dato) || (dati == nullptr && lunghezza > 0))
+    return EsitoFile(false, ErroreFile::Altro);
   const std::string vero = FileVero(nome_dato);
   const char* nome = vero.c_str();
   const std::string temporaneo = vero + ".tmp";
   HANDLE file = CreateFileA(temporaneo.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                             FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
+  if (file == INVALID_HANDLE_VALUE) return Fallito(GetLastError(), temporaneo.c_str());
   bool riuscito = ScriviTutto(file, dati, lunghezza) && FlushFileBuffers(file);
-  if (!CloseHandle(file)) riuscito = false;
-  if (riuscito)
-    riuscito = MoveFileExA(temporaneo.c_str(), nome,
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  DWORD errore = riuscito ? 0 : GetLastError();
+  if (!CloseHandle(file) && riuscito) {
+    riuscito = false;
+    errore = GetLastError();
+  }
+  if (riuscito &&
+      !MoveFileExA(temporaneo.c_str(), nome, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    riuscito = false;
+    errore = GetLastError();
+  }
   if (!riuscito) {
     DeleteFileA(temporaneo.c_str());
-    return false;
+    return Fallito(errore, nome);
   }
-  return true;
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t capienza) {
-  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) return -1;
+  if (!NomeValido(nome) || (destinazione == nullptr && capienza > 0)) {
+    ImpostaErroreFile(ErroreFile::Altro);
+    return -1;
+  }
   // Shared with writers and renames, so that reading never blocks a save.
   HANDLE file =
       CreateFileA(nome, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                   nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return -1;
+  if (file == INVALID_HANDLE_VALUE) {
+    Fallito(GetLastError(), nome);
+    return -1;
+  }
   if (capienza > static_cast<size_t>(INT64_MAX)) capienza = static_cast<size_t>(INT64_MAX);
   size_t letti = 0;
-  bool errore = false;
+  DWORD errore = 0;
   while (letti < capienza) {
     const uint64_t posizione = inizio + letti;
     if (posizione > static_cast<uint64_t>(INT64_MAX)) break;  // past any file's end
@@ -92,34 +139,50 @@ int64_t LeggiFile(const char* nome, uint64_t inizio, char* destinazione, size_t 
     da.OffsetHigh = static_cast<DWORD>(posizione >> 32);
     DWORD n = 0;
     if (!ReadFile(file, destinazione + letti, passo, &n, &da)) {
-      errore = GetLastError() != ERROR_HANDLE_EOF;
+      if (GetLastError() != ERROR_HANDLE_EOF) errore = GetLastError();
       break;
     }
     if (n == 0) break;
     letti += n;
   }
   CloseHandle(file);
-  return errore ? -1 : static_cast<int64_t>(letti);
+  if (errore) {
+    Fallito(errore, nome);
+    return -1;
+  }
+  ImpostaErroreFile(ErroreFile::Nessuno);
+  return static_cast<int64_t>(letti);
 }
 
 bool AccodaAlFile(const char* nome, const char* dati, size_t lunghezza) {
-  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0)) return false;
+  if (!NomeValido(nome) || (dati == nullptr && lunghezza > 0))
+    return EsitoFile(false, ErroreFile::Altro);
   HANDLE file = CreateFileA(nome, FILE_APPEND_DATA, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
                             FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
+  if (file == INVALID_HANDLE_VALUE) return Fallito(GetLastError(), nome);
   bool riuscito = ScriviTutto(file, dati, lunghezza) && FlushFileBuffers(file);
-  if (!CloseHandle(file)) riuscito = false;
-  return riuscito;
+  DWORD errore = riuscito ? 0 : GetLastError();
+  if (!CloseHandle(file) && riuscito) {
+    riuscito = false;
+    errore = GetLastError();
+  }
+  return riuscito ? EsitoFile(true, ErroreFile::Nessuno) : Fallito(errore, nome);
 }
 
 bool RinominaFile(const char* vecchio, const char* nuovo) {
-  if (!NomeValido(vecchio) || !NomeValido(nuovo)) return false;
-  return MoveFileExA(FileVero(vecchio).c_str(), FileVero(nuovo).c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  if (!NomeValido(vecchio) || !NomeValido(nuovo)) return EsitoFile(false, ErroreFile::Altro);
+  const std::string vero_nuovo = FileVero(nuovo);
+  if (!MoveFileExA(FileVero(vecchio).c_str(), vero_nuovo.c_str(),
+                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    return Fallito(GetLastError(), vero_nuovo.c_str());
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 bool EliminaFile(const char* nome) {
-  return NomeValido(nome) && DeleteFileA(FileVero(nome).c_str()) != 0;
+  if (!NomeValido(nome)) return EsitoFile(false, ErroreFile::Altro);
+  const std::string vero = FileVero(nome);
+  if (!DeleteFileA(vero.c_str())) return Fallito(GetLastError(), vero.c_str());
+  return EsitoFile(true, ErroreFile::Nessuno);
 }
 
 namespace {

@@ -1,8 +1,8 @@
-// The Windows console delivers every chord: the help page stays as it is.
+// The Windows console delivers every chord: no prefixes stand in for them.
 #include "piattaforma/piattaforma.h"
 
 namespace piattaforma {
 
-const char* SezioneTastiAlternativi() { return nullptr; }
+bool TastiConPrefissi() { return false; }
 
 }  // namespace piattaforma

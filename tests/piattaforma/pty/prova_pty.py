@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """The terminal backend in a pseudo-terminal of 80 x 44, seen through pyte:
-keys as the terminal sends them, the message box, the size check, tones of
-the prefixes kept off the screen, idle CPU, suspension with Ctrl+Z, the pager
-and the terminal given back on exit and on a fatal signal.
+keys as the terminal sends them, the message box and the walk of its lines,
+the size check, tones of the prefixes kept off the screen, idle CPU,
+suspension with Ctrl+Z, the pager and the terminal given back on exit and on
+a fatal signal.
 
 Usage: prova_pty.py <prova_terminale>"""
 
@@ -379,6 +380,45 @@ def prova_tasti_e_riquadro(file_da_vedere):
     controlla(b"\x1b[?1049l" in t.grezzo, "alternate screen left on exit")
 
 
+def prova_righe_del_riquadro():
+    """The arrows, Home and End walk the lines of an open box (each text line,
+    then the buttons) without answering it, so that a screen reader that
+    follows the cursor reads each line."""
+    t = Terminale(PROGRAMMA, [])
+    t.attendi(lambda: "Pendrino prova" in t.riga(0), "started")
+    numero = numero_tasti(t) + 1
+    t.invia("b")
+    if not t.attendi(lambda: t.contiene("Attenzione!"), "box shown"):
+        return
+    riga_testo = next(i for i, r in enumerate(t.schermo.display) if "Prima riga" in r)
+    colonna_testo = t.riga(riga_testo).index("Prima riga")
+    colonna_pulsanti = t.riga(riga_testo + 3).index("[ S")
+
+    def cursore_su(y, x, descrizione):
+        return t.attendi(lambda: (t.schermo.cursor.x, t.schermo.cursor.y) == (x, y),
+                         "%s: cursor at %r" % (descrizione, (x, y)))
+
+    cursore_su(riga_testo, colonna_testo, "the box opens on its first line")
+    passi = [("\x1b[B", riga_testo + 1, colonna_testo, "Down: second line"),
+             ("\x1b[B", riga_testo + 3, colonna_pulsanti, "Down: the buttons"),
+             ("\x1b[B", riga_testo + 3, colonna_pulsanti, "Down on the last line stays"),
+             ("\x1b[A", riga_testo + 1, colonna_testo, "Up: second line"),
+             ("\x1b[H", riga_testo, colonna_testo, "Home: first line"),
+             ("\x1b[A", riga_testo, colonna_testo, "Up on the first line stays"),
+             ("\x1b[F", riga_testo + 3, colonna_pulsanti, "End: the buttons"),
+             ("\x1bOA", riga_testo + 1, colonna_testo, "Up (SS3): second line")]
+    for tasti, y, x, descrizione in passi:
+        t.invia(tasti)
+        cursore_su(y, x, descrizione)
+        controlla(t.contiene("Attenzione!") and not t.contiene("risposta %d:" % numero),
+                  descrizione + ": the box is still open, unanswered")
+    t.invia("n")
+    t.attendi(lambda: ("risposta %d: 7" % numero) in t.riga(3), "the box answered after walking")
+    t.invia("q")
+    t.figlio.expect(pexpect.EOF, timeout=5)
+    t.figlio.close()
+
+
 def prova_segnale_fatale():
     t = Terminale(PROGRAMMA, [])
     t.attendi(lambda: "Pendrino prova" in t.riga(0), "started")
@@ -431,6 +471,7 @@ def main():
         nome = f.name
     try:
         prova_tasti_e_riquadro(nome)
+        prova_righe_del_riquadro()
         prova_segnale_fatale()
         prova_sospensione()
         prova_senza_terminale()

@@ -10,6 +10,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 
 #include <cstdio>
@@ -20,7 +21,8 @@
 
 #include "cartella_prova.h"
 #include "piattaforma/piattaforma.h"
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/posix/file.h"
+#include "piattaforma/terminale/decodifica.h"
 
 #ifndef NCURSES_WIDECHAR
 #define NCURSES_WIDECHAR 1
@@ -290,15 +292,20 @@ TEST(FileSistemaPosix, ScritturaInterrottaAMetaLasciaIlVecchioFile) {
   prova::Scrivi(nome, vecchia);
   const std::string nuova = Sequenza(64 * 1024);
   bool salvato = true, accodato = true;
+  ErroreFile perche_salvato = ErroreFile::Nessuno, perche_accodato = ErroreFile::Nessuno;
   {
     LimiteDimensioneFile limite(16 * 1024);
     ASSERT_TRUE(limite.Attivo());
     salvato = Sostituisci(nome, nuova);
+    perche_salvato = UltimoErroreFile();
     // The same limit lets an append write its first 16 KiB and then stop:
     // the failure above really came halfway through the bytes.
     accodato = AccodaAlFile(cartella.Nome("registro").c_str(), nuova.data(), nuova.size());
+    perche_accodato = UltimoErroreFile();
   }
   EXPECT_FALSE(salvato);
+  EXPECT_EQ(perche_salvato, ErroreFile::DiscoPieno);
+  EXPECT_EQ(perche_accodato, ErroreFile::DiscoPieno);
   EXPECT_EQ(Contenuto(nome), vecchia);
   EXPECT_FALSE(Esiste(nome + ".tmp"));
   EXPECT_FALSE(accodato);
@@ -328,6 +335,7 @@ TEST(FileSistemaPosix, CartellaInSolaLetturaNonToccaIlVecchioFile) {
     RecordProperty("guasto", "read-only folder");
   }
   EXPECT_FALSE(Sostituisci(nome, "nuova"));
+  EXPECT_EQ(UltimoErroreFile(), permessi_ignorati ? ErroreFile::NonUnFile : ErroreFile::Permesso);
   EXPECT_EQ(Contenuto(nome), "vecchia");
   if (!permessi_ignorati) {
     EXPECT_FALSE(Esiste(nome + ".tmp"));
@@ -597,7 +605,66 @@ TEST(FileSistemaPosix, BloccoInUnaCartellaInSolaLettura) {
 TEST(FileSistemaPosix, DiscoPienoAccodaFallisce) {
   ASSERT_EQ(access("/dev/full", W_OK), 0);
   EXPECT_FALSE(AccodaAlFile("/dev/full", "1. e4\n", 6));
+  EXPECT_EQ(UltimoErroreFile(), ErroreFile::DiscoPieno);
 }
 #endif
+
+// Why a file call failed: the system's error numbers in the program's terms.
+TEST(ErroreFilePosix, NumeriDErroreDelSistema) {
+  EXPECT_EQ(ErroreDaErrno(EACCES), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(EPERM), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(EROFS), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaErrno(ENOSPC), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EDQUOT), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EFBIG), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaErrno(EISDIR), ErroreFile::NonUnFile);
+  EXPECT_EQ(ErroreDaErrno(ENOENT), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(ENOTDIR), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(ELOOP), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(EIO), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaErrno(0), ErroreFile::Altro);
+}
+
+// One bit per call refused for want of permission in `cartella`, a folder
+// this process may not write into.
+int PermessiNegati(const CartellaProva& cartella) {
+  const std::string nome = cartella.Nome("partita.pgn");
+  const bool rifiutati[] = {
+      !Sostituisci(nome, "nuova") && UltimoErroreFile() == ErroreFile::Permesso,
+      !AccodaAlFile(cartella.Nome("giornale.txt").c_str(), "x", 1) &&
+          UltimoErroreFile() == ErroreFile::Permesso,
+      !RinominaFile(nome.c_str(), cartella.Nome("altra.pgn").c_str()) &&
+          UltimoErroreFile() == ErroreFile::Permesso,
+      !EliminaFile(nome.c_str()) && UltimoErroreFile() == ErroreFile::Permesso,
+  };
+  int bit = 0;
+  for (int i = 0; i < 4; ++i) bit |= rifiutati[i] << i;
+  return bit;
+}
+
+// Root may write anywhere: there a child that has become nobody meets the
+// folder's permissions (root's own, 0755).
+TEST(ErroreFilePosix, CartellaSenzaPermessoDiScrittura) {
+  CartellaProva cartella;
+  prova::Scrivi(cartella.Nome("partita.pgn"), "vecchia");
+  if (geteuid() != 0) {
+    ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0555), 0);
+    EXPECT_EQ(PermessiNegati(cartella), 0xF);
+    chmod(cartella.Percorso().c_str(), 0755);
+    return;
+  }
+  ASSERT_EQ(chmod(cartella.Percorso().c_str(), 0755), 0);
+  constexpr int SENZA_UTENTE = 100;
+  const pid_t figlio = fork();
+  ASSERT_GE(figlio, 0);
+  if (figlio == 0)
+    _exit(setgid(65534) == 0 && setuid(65534) == 0 ? PermessiNegati(cartella) : SENZA_UTENTE);
+  int stato = 0;
+  ASSERT_EQ(waitpid(figlio, &stato, 0), figlio);
+  ASSERT_TRUE(WIFEXITED(stato));
+  if (WEXITSTATUS(stato) == SENZA_UTENTE) GTEST_SKIP() << "this process cannot become nobody";
+  EXPECT_EQ(WEXITSTATUS(stato), 0xF);
+  EXPECT_EQ(Contenuto(cartella.Nome("partita.pgn")), "vecchia");
+}
 
 }  // namespace

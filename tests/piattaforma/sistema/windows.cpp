@@ -8,6 +8,7 @@
 #include "cartella_prova.h"
 #include "piattaforma/piattaforma.h"
 #include "piattaforma/windows/console.h"
+#include "piattaforma/windows/file.h"
 
 namespace {
 
@@ -154,6 +155,23 @@ TEST(FileSistemaWindows, BloccoTenutoDaUnAltroNonVienePreso) {
   EXPECT_FALSE(BloccoAltrui(nuovo).Preso());
   EXPECT_TRUE(BloccaFile(""));
   EXPECT_TRUE(BloccaFile(nullptr));
+}
+
+// Why a file call failed, from the system's error codes (a full disk
+// cannot be made here, so its codes are checked one by one).
+TEST(ErroreFileWindows, CodiciDErroreDelSistema) {
+  EXPECT_EQ(ErroreDaCodice(ERROR_ACCESS_DENIED, false), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaCodice(ERROR_ACCESS_DENIED, true), ErroreFile::NonUnFile);
+  EXPECT_EQ(ErroreDaCodice(ERROR_WRITE_PROTECT, false), ErroreFile::Permesso);
+  EXPECT_EQ(ErroreDaCodice(ERROR_DISK_FULL, false), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaCodice(ERROR_HANDLE_DISK_FULL, false), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaCodice(ERROR_FILE_TOO_LARGE, false), ErroreFile::DiscoPieno);
+  EXPECT_EQ(ErroreDaCodice(1295, false), ErroreFile::DiscoPieno);  // quota exceeded
+  EXPECT_EQ(ErroreDaCodice(ERROR_ALREADY_EXISTS, true), ErroreFile::NonUnFile);
+  EXPECT_EQ(ErroreDaCodice(ERROR_ALREADY_EXISTS, false), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaCodice(ERROR_FILE_NOT_FOUND, false), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaCodice(ERROR_PATH_NOT_FOUND, false), ErroreFile::Altro);
+  EXPECT_EQ(ErroreDaCodice(ERROR_SHARING_VIOLATION, false), ErroreFile::Altro);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "piattaforma/posix/decodifica.h"
+#include "piattaforma/terminale/decodifica.h"
 
 #include <cstdio>
 #include <cstring>

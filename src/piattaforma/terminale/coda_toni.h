@@ -1,7 +1,7 @@
 // The tones waiting to sound: a ring of fixed size that one thread fills
 // (Suona, in the program's loop) and another empties (the audio device's
 // callback), without locks or allocation, so that neither ever waits for the
-// other. Pure: suono.cpp connects it to PortAudio.
+// other. Pure: posix/suono.cpp connects it to PortAudio.
 #pragma once
 
 #include <atomic>

@@ -1,5 +1,6 @@
 // The samples of a tone: a sine with short fades at both ends so that it
-// starts and stops without a click. Pure functions; suono.cpp plays them.
+// starts and stops without a click. Pure functions; posix/suono.cpp plays
+// them.
 #pragma once
 
 #include <cstddef>

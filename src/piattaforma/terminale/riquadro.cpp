@@ -1,8 +1,7 @@
-#include "piattaforma/posix/riquadro.h"
+#include "piattaforma/terminale/riquadro.h"
 
 #include <cstdio>
 #include <cstring>
-#include <initializer_list>
 
 #include "piattaforma/testo.h"
 
@@ -90,32 +89,43 @@ void PerOgniParagrafo(const char* testo, Azione fai) {
 
 }  // namespace
 
-const char* EtichettaPulsante(int risposta) {
+const char* EtichettaPulsante(int risposta, const PoliticaInterfaccia& politica) {
+  const char* etichetta = nullptr;
+  const char* neutra = "OK";
   switch (risposta) {
     case IDYES:
-      return "S\xC3\xAC";
+      etichetta = politica.etichetta_si, neutra = "Yes";
+      break;
     case IDNO:
-      return "No";
+      etichetta = politica.etichetta_no, neutra = "No";
+      break;
     case IDCANCEL:
-      return "Annulla";
+      etichetta = politica.etichetta_annulla, neutra = "Cancel";
+      break;
     default:
-      return "OK";
+      etichetta = politica.etichetta_ok;
+      break;
   }
+  return etichetta ? etichetta : neutra;
 }
 
-int LarghezzaPulsante(int risposta) {
-  const char* etichetta = EtichettaPulsante(risposta);
+int LarghezzaPulsante(int risposta, const PoliticaInterfaccia& politica) {
+  const char* etichetta = EtichettaPulsante(risposta, politica);
   return static_cast<int>(ContaCaratteri(etichetta, std::strlen(etichetta))) + 4;
 }
 
-void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp) {
+void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Impaginazione& imp,
+                      const PoliticaInterfaccia& politica) {
   imp = Impaginazione{};
   if (testo == nullptr) testo = "";
   if (titolo == nullptr) titolo = "";
 
   imp.pulsanti = PulsantiDelloStile(stile, imp.risposta);
   int larghezza_pulsanti = 3 * (imp.pulsanti - 1);
-  for (int i = 0; i < imp.pulsanti; ++i) larghezza_pulsanti += LarghezzaPulsante(imp.risposta[i]);
+  for (int i = 0; i < imp.pulsanti; ++i) {
+    imp.etichetta[i] = EtichettaPulsante(imp.risposta[i], politica);
+    larghezza_pulsanti += LarghezzaPulsante(imp.risposta[i], politica);
+  }
 
   int larghezza = larghezza_pulsanti;
   const int larghezza_titolo = static_cast<int>(ContaCaratteri(titolo, std::strlen(titolo))) + 2;
@@ -141,7 +151,7 @@ void ImpaginaRiquadro(const char* testo, const char* titolo, unsigned stile, Imp
   int colonna = (imp.larghezza - larghezza_pulsanti) / 2;
   for (int i = 0; i < imp.pulsanti; ++i) {
     imp.colonna_pulsante[i] = colonna;
-    colonna += LarghezzaPulsante(imp.risposta[i]) + 3;
+    colonna += LarghezzaPulsante(imp.risposta[i], politica) + 3;
   }
 }
 
@@ -169,33 +179,57 @@ int RispostaDaTasto(unsigned stile, const INPUT_RECORD& evento,
   return 0;
 }
 
-void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione) {
+int RigheRiquadro(const Impaginazione& imp) { return imp.righe + 1; }
+
+void PosizioneRiga(const Impaginazione& imp, int riga, int& x, int& y) {
+  if (riga < 0) riga = 0;
+  if (riga >= imp.righe) {
+    x = imp.colonna_pulsante[0];
+    y = imp.riga_pulsanti;
+    return;
+  }
+  x = imp.colonna_testo;
+  y = imp.riga_testo + riga;
+}
+
+int RigaDopoTasto(const Impaginazione& imp, int riga, const INPUT_RECORD& evento) {
+  if (evento.EventType != KEY_EVENT || !evento.Event.KeyEvent.bKeyDown) return riga;
+  const KEY_EVENT_RECORD& tasto = evento.Event.KeyEvent;
+  if (tasto.dwControlKeyState & (MASCHERA_CTRL | MASCHERA_ALT)) return riga;
+  const int ultima = RigheRiquadro(imp) - 1;
+  switch (tasto.wVirtualKeyCode) {
+    case VK_UP:
+      return riga > 0 ? riga - 1 : 0;
+    case VK_DOWN:
+      return riga < ultima ? riga + 1 : ultima;
+    case VK_HOME:
+      return 0;
+    case VK_END:
+      return ultima;
+    default:
+      return riga;
+  }
+}
+
+void MessaggioDimensioni(int colonne, int righe, char* uscita, size_t dimensione,
+                         const PoliticaInterfaccia& politica) {
   if (uscita == nullptr || dimensione == 0) return;
-  char lungo[128];
-  std::snprintf(lungo, sizeof lungo,
-                "Finestra troppo piccola (%d x %d): servono almeno %d colonne e %d righe.", colonne,
-                righe, COLONNE_SCHERMO, RIGHE_SCHERMO);
-  char medio[64];
-  std::snprintf(medio, sizeof medio, "Servono almeno %d colonne e %d righe.", COLONNE_SCHERMO,
-                RIGHE_SCHERMO);
-  char corto[32];
-  std::snprintf(corto, sizeof corto, "Servono %dx%d caratteri.", COLONNE_SCHERMO, RIGHE_SCHERMO);
-  char minimo[16];
-  std::snprintf(minimo, sizeof minimo, "%dx%d", COLONNE_SCHERMO, RIGHE_SCHERMO);
-  const char* forme[] = {lungo, medio, corto, minimo};
-  const char* scelta = minimo;
-  for (const char* forma : forme) {
-    if (static_cast<int>(std::strlen(forma)) <= colonne) {
-      scelta = forma;
+  char scelta[128];
+  // The size in digits says what is needed in any language, cut to the width.
+  const int cifre = std::snprintf(scelta, sizeof scelta, "%dx%d", COLONNE_SCHERMO, RIGHE_SCHERMO);
+  if (cifre > colonne) scelta[colonne > 0 ? colonne : 0] = 0;
+  constexpr int MASSIMO_FORME = 16;
+  char forma[sizeof scelta];
+  for (int i = 0; politica.forma_dimensioni && i < MASSIMO_FORME; ++i) {
+    forma[0] = 0;
+    if (!politica.forma_dimensioni(i, colonne, righe, forma, sizeof forma)) break;
+    forma[sizeof forma - 1] = 0;
+    if (static_cast<int>(ContaCaratteri(forma, std::strlen(forma))) <= colonne) {
+      std::memcpy(scelta, forma, sizeof scelta);
       break;
     }
   }
-  size_t lunghezza = std::strlen(scelta);
-  if (colonne >= 0 && lunghezza > static_cast<size_t>(colonne))
-    lunghezza = static_cast<size_t>(colonne);
-  if (lunghezza >= dimensione) lunghezza = dimensione - 1;
-  std::memcpy(uscita, scelta, lunghezza);
-  uscita[lunghezza] = 0;
+  std::snprintf(uscita, dimensione, "%s", scelta);
 }
 
 }  // namespace piattaforma::terminale

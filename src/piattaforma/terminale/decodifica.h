@@ -1,6 +1,6 @@
 // Terminal keyboard input turned into Windows console key records, so that one
 // key table serves every platform. Pure functions: no terminal is needed, the
-// ncurses glue (tastiera.cpp) hands over what ncurses delivered.
+// ncurses glue (posix/tastiera.cpp) hands over what ncurses delivered.
 //
 // Chords that a terminal cannot deliver are reachable through two sticky
 // prefixes that work on every terminal, the Linux text console included:

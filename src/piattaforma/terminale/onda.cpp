@@ -1,4 +1,4 @@
-#include "piattaforma/posix/onda.h"
+#include "piattaforma/terminale/onda.h"
 
 #include <cmath>
 #include <numbers>

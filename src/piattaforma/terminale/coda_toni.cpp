@@ -1,6 +1,6 @@
-#include "piattaforma/posix/coda_toni.h"
+#include "piattaforma/terminale/coda_toni.h"
 
-#include "piattaforma/posix/onda.h"
+#include "piattaforma/terminale/onda.h"
 
 namespace piattaforma::terminale {
 
