@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "rodaggio.h"
+#include "supporto/rodaggio.h"
 
 int main(int argc, char** argv) {
   const unsigned long long partite = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 10000;

@@ -8,7 +8,7 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
-#include "board/verifica_posizione.h"
+#include "supporto/verifica_posizione.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   InizializzaTabelle();

@@ -11,12 +11,12 @@
 #include "board/fen.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/tabelle.h"
-#include "comune/toni.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/tabelle.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 

@@ -2,8 +2,8 @@
 
 #include "ambiente_console.h"
 #include "board/fen.h"
-#include "comune/toni.h"
 #include "console/avvio.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 

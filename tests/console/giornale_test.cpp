@@ -9,10 +9,10 @@
 #include "ambiente_console.h"
 #include "board/fen.h"
 #include "clock/cadenza.h"
-#include "comune/istantanea.h"
 #include "console/avvio.h"
 #include "game/partita.h"
 #include "moves/genera.h"
+#include "supporto/istantanea.h"
 
 using namespace piattaforma::win32;
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "board/posizione.h"
-#include "comune/istantanea.h"
+#include "supporto/istantanea.h"
 
 // Empties the board and loads `fen`; false when the loader rejects it.
 bool CaricaFen(const std::string& fen);

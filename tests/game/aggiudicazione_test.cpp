@@ -9,10 +9,10 @@
 #include "board/geometria.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/tabelle.h"
-#include "comune/toni.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/tabelle.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 

@@ -15,16 +15,16 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/arbitro.h"
-#include "comune/istantanea.h"
-#include "comune/partite_a_caso.h"
-#include "comune/tabelle.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/arbitro.h"
+#include "supporto/istantanea.h"
+#include "supporto/partite_a_caso.h"
+#include "supporto/tabelle.h"
 
 using namespace piattaforma::win32;
 

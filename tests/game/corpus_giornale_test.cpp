@@ -10,9 +10,9 @@
 
 #include "ambiente_partita.h"
 #include "clock/cadenza.h"
-#include "comune/corpus.h"
 #include "game/giornale.h"
 #include "settings/parametri.h"
+#include "supporto/corpus.h"
 
 namespace {
 

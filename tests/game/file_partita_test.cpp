@@ -10,12 +10,12 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
-#include "comune/pgn_extract.h"
-#include "comune/testo.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
+#include "supporto/testo.h"
+#include "verifiche/pgn_extract.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <cstring>
 #include <string>
 
-#include "console/politica_interfaccia.h"
 #include "piattaforma/memoria/memoria.h"
 #include "piattaforma/testo.h"
+#include "politica_prova.h"
 
 namespace {
 
@@ -30,12 +30,13 @@ std::string Riga(const char* testo, const Impaginazione& imp, int r) {
   return std::string(testo + imp.riga[r].inizio, imp.riga[r].lunghezza);
 }
 
-// The boxes answer with the program's own letters, installed as at start-up.
+// The boxes answer with the letters of the installed policy, as a program
+// installs its own at start-up.
 class RispostaRiquadro : public ::testing::Test {
  protected:
   void SetUp() override {
     memoria::Azzera();
-    InstallaPoliticaInterfaccia();
+    ImpostaPoliticaInterfaccia(PoliticaDiProva());
   }
   void TearDown() override { memoria::Azzera(); }
 };
@@ -108,7 +109,7 @@ TEST(RispostaRiquadroNeutra, LaPiattaformaPartNeutraEAzzeraTornaNeutra) {
   memoria::Azzera();
   EXPECT_EQ(PoliticaInterfacciaAttuale().lettere, 0);
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);
-  InstallaPoliticaInterfaccia();
+  ImpostaPoliticaInterfaccia(PoliticaDiProva());
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), IDYES);
   memoria::Azzera();
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);

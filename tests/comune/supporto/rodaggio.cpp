@@ -1,4 +1,4 @@
-#include "rodaggio.h"
+#include "supporto/rodaggio.h"
 
 #include <chrono>
 #include <cstdio>
@@ -10,8 +10,6 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/arbitro.h"
-#include "comune/mosse_a_caso.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
@@ -20,6 +18,8 @@
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/arbitro.h"
+#include "supporto/mosse_a_caso.h"
 
 namespace {
 
