@@ -36,3 +36,7 @@ extern void (*DopoFinestra)();
 // Run before every box opens: the console brings the journal up to date, so
 // that what a box answers to is on disk before anyone can answer it.
 extern void (*PrimaDellaFinestra)();
+// Their owner's setters: the console installs both, a test what it watches
+// (nullptr: nothing runs).
+void InstallaDopoFinestra(void (*dopo)());
+void InstallaPrimaDellaFinestra(void (*prima)());

@@ -15,6 +15,7 @@
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 #include "supporto/tabelle.h"
 #include "verifiche/toni.h"
 
@@ -35,19 +36,20 @@ class Arbitro : public ::testing::Test {
   void SetUp() override {
     InizializzaTabelleUnaVolta();
     memoria::Azzera();
-    DopoFinestra = nullptr;
+    InstallaDopoFinestra(nullptr);
     RevocaAggiudicazione();
-    InMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = MINUTO;
+    CambiaOrologio([](StatoOrologio& s) {
+      s.in_moto = 0;
+      s.tempo[0] = s.tempo[1] = MINUTO;
+    });
     ChiamateFermaOrologio = 0;
-    SchermoDellOrologio = {};
-    SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
-    ContatoreMosse = 0;
+    InstallaSchermoOrologio({nullptr, [] { ++ChiamateFermaOrologio; }, nullptr});
+    PortaAllaSemimossa(0);
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
     Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
   }
-  void TearDown() override { SchermoDellOrologio = {}; }
+  void TearDown() override { InstallaSchermoOrologio({}); }
 
   static void Carica(const char* fen) {
     SvuotaScacchiera();
@@ -194,7 +196,7 @@ TEST_F(Arbitro, BandierinaDelBiancoControReNudoChiedeLaPatta) {
 }
 
 TEST_F(Arbitro, BandierinaPattaRifiutataLasciaTutto) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   CadutaBandierina(BIANCO);
   UnaFinestra(PATTA_BIANCO, DOMANDA);
@@ -229,7 +231,7 @@ TEST_F(Arbitro, BandierinaDelNeroControReNudoChiedeLaPatta) {
 
 TEST_F(Arbitro, BandierinaDelBiancoConIlNeroCheVinceAssegnaLaSconfitta) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   // The flag's two tones, then the clock's as it stops.
@@ -252,7 +254,7 @@ TEST_F(Arbitro, BandierinaDelNeroConIlBiancoCheVinceAssegnaLaSconfitta) {
 
 TEST_F(Arbitro, LaSconfittaPerTempoSoloSuSi) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   for (int risposta : {IDNO, 0, -1}) {
     memoria::Azzera();
     memoria::AccodaRisposta(risposta);
@@ -266,15 +268,15 @@ TEST_F(Arbitro, LaSconfittaPerTempoSoloSuSi) {
 }
 
 TEST_F(Arbitro, BandierinaSenzaSchermoInstallato) {
-  SchermoDellOrologio = {};
+  InstallaSchermoOrologio({});
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   StatoE("1/2-1/2", "time forfeit", "al bianco e' finito il tempo");
 }
 
 TEST_F(Arbitro, EntrambeLeBandierineConTempoZero) {
-  TempoRimasto[NERO] = 0;
-  InMoto = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 0; });
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
@@ -287,7 +289,7 @@ TEST_F(Arbitro, EntrambeLeBandierineConTempoZero) {
 TEST_F(Arbitro, EntrambeLeBandierineConTempoNegativo) {
   // Even with material that wins, the other's spent time decides.
   Carica("4k3/8/8/8/8/8/8/R3K3 b - - 0 1");
-  TempoRimasto[BIANCO] = -500;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[BIANCO] = -500; });
   memoria::AccodaRisposta(0);
   CadutaBandierina(NERO);
   UnaFinestra(ENTRAMBI, DOMANDA);
@@ -295,8 +297,8 @@ TEST_F(Arbitro, EntrambeLeBandierineConTempoNegativo) {
 }
 
 TEST_F(Arbitro, EntrambeLeBandierineRifiutato) {
-  TempoRimasto[NERO] = -1;
-  InMoto = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = -1; });
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   CadutaBandierina(BIANCO);
   UnaFinestra(ENTRAMBI, DOMANDA);
@@ -306,7 +308,7 @@ TEST_F(Arbitro, EntrambeLeBandierineRifiutato) {
 }
 
 TEST_F(Arbitro, UnMillisecondoRimastoNonEEntrambe) {
-  TempoRimasto[NERO] = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 1; });
   CadutaBandierina(BIANCO);
   UnaFinestra(PATTA_BIANCO, DOMANDA);
 }
@@ -315,7 +317,7 @@ TEST_F(Arbitro, UnMillisecondoRimastoNonEEntrambe) {
 // Agreement and resignation.
 
 TEST_F(Arbitro, PattaDaccordoSi) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   PattaDaccordo();
   UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
@@ -326,7 +328,7 @@ TEST_F(Arbitro, PattaDaccordoSi) {
 }
 
 TEST_F(Arbitro, PattaDaccordoNo) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   PattaDaccordo();
   UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
@@ -347,7 +349,7 @@ TEST_F(Arbitro, PattaDaccordoConFinestraFallita) {
 }
 
 TEST_F(Arbitro, AbbandonaIlBianco) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   Abbandona(BIANCO);
   UnaFinestra("Il bianco abbandona, aggiudicare la partita (0-1)?", DOMANDA);
@@ -366,7 +368,7 @@ TEST_F(Arbitro, AbbandonaIlNero) {
 }
 
 TEST_F(Arbitro, AbbandonoRifiutato) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   Abbandona(NERO);
   Aperta();

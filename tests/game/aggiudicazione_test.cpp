@@ -11,6 +11,7 @@
 #include "clock/orologio.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 #include "supporto/tabelle.h"
 #include "verifiche/toni.h"
 
@@ -37,16 +38,17 @@ class Aggiudicazione : public ::testing::Test {
   void SetUp() override {
     InizializzaTabelleUnaVolta();
     memoria::Azzera();
-    DopoFinestra = nullptr;
+    InstallaDopoFinestra(nullptr);
     RevocaAggiudicazione();
-    InMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = MINUTO;
+    CambiaOrologio([](StatoOrologio& s) {
+      s.in_moto = 0;
+      s.tempo[0] = s.tempo[1] = MINUTO;
+    });
     ChiamateFermaOrologio = 0;
-    SchermoDellOrologio = {};
-    SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
+    InstallaSchermoOrologio({nullptr, [] { ++ChiamateFermaOrologio; }, nullptr});
     Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
   }
-  void TearDown() override { SchermoDellOrologio = {}; }
+  void TearDown() override { InstallaSchermoOrologio({}); }
 
   static void Carica(const char* fen) {
     SvuotaScacchiera();
@@ -104,7 +106,7 @@ TEST_F(Aggiudicazione, AggiudicaTroncaAllaCapienza) {
 }
 
 TEST_F(Aggiudicazione, AggiudicaConLOrologioInMotoLoFerma) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   Aggiudica("checkmate", "scaccomatto", "0-1");
   EXPECT_EQ(ChiamateFermaOrologio, 1);
   EXPECT_EQ(InMoto, 0u);
@@ -211,11 +213,11 @@ TEST_F(Aggiudicazione, LaCadutaValutaIlMaterialeEIlTempoDellAltro) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
   EXPECT_EQ(ValutaCaduta(NERO), DecisioneCaduta::Patta);
-  TempoRimasto[NERO] = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 1; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
-  TempoRimasto[NERO] = 0;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 0; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
-  TempoRimasto[NERO] = -500;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = -500; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
   EXPECT_TRUE(memoria::Finestre().empty());
   EXPECT_TRUE(memoria::Toni().empty());
@@ -228,7 +230,7 @@ TEST_F(Aggiudicazione, LeAggiudicazioniDellaCaduta) {
   StatoE("1-0", "time forfeit", "al nero e' finito il tempo");
   AggiudicaCaduta(NERO, DecisioneCaduta::Patta);
   StatoE("1/2-1/2", "time forfeit", "al nero e' finito il tempo");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   AggiudicaCaduta(BIANCO, DecisioneCaduta::EntrambeLeBandierine);
   StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
   EXPECT_EQ(InMoto, 0u);

@@ -24,6 +24,7 @@
 #include "supporto/arbitro.h"
 #include "supporto/istantanea.h"
 #include "supporto/partite_a_caso.h"
+#include "supporto/stati.h"
 #include "supporto/tabelle.h"
 
 using namespace piattaforma::win32;
@@ -132,9 +133,9 @@ class AmbientePartita : public ::testing::Test {
   void SetUp() override {
     InizializzaTabelleUnaVolta();
     memoria::Azzera();
-    DopoFinestra = nullptr;
-    SchermoDellOrologio = {};
-    InMoto = 0;
+    InstallaDopoFinestra(nullptr);
+    InstallaSchermoOrologio({});
+    SegnaOrologioInMoto(false);
     Esiti.clear();
     AccettaLeCinquantaMosse = false;
     RevocaAggiudicazione();

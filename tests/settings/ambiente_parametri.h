@@ -180,7 +180,7 @@ class AmbienteParametri : public ::testing::Test {
   void SetUp() override {
     memoria::Azzera();
     SvuotaMessaggio();
-    DopoFinestra = nullptr;
+    InstallaDopoFinestra(nullptr);
     DefaultIni();
   }
 };

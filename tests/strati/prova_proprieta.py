@@ -25,6 +25,12 @@ PIANTATI = [
      "writes ContatoreMosse, which src/board owns"),
     ("fuzz/piantato.cpp", "void F() { CopiaLimitata(Result, 8, \"1-0\"); }\n",
      "writes Result, which src/game owns"),
+    # The board's inline names for a part of its tables, from a fuzzer and
+    # from the shared test support.
+    ("fuzz/alias_piantato.cpp", "void F() { casa_re_nero = 4; }\n",
+     "writes casa_re_nero, which src/board owns"),
+    ("tests/comune/supporto/piantato.cpp", "void F() { btm_bianco ^= 1ull << 60; }\n",
+     "writes btm_bianco, which src/board owns"),
 ]
 
 
@@ -52,6 +58,7 @@ with tempfile.TemporaryDirectory() as cartella:
     permessi = [
         ("src/clock/piantato.cpp", "void F() { InMoto = 0; }\n"),
         ("tests/clock/piantato_test.cpp", "void F() { TempoRimasto[0] = 1; }\n"),
+        ("tests/board/alias_test.cpp", "void F() { materiale_del_nero += 1; }\n"),
         ("src/moves/fai.cpp", None),
         ("tests/game/locale_test.cpp", "void F() { int InMoto = 0; InMoto = 1; }\n"),
     ]

@@ -19,6 +19,7 @@
 #include "piattaforma/memoria/memoria.h"
 #include "supporto/arbitro.h"
 #include "supporto/istantanea.h"
+#include "supporto/stati.h"
 #include "supporto/verifica_posizione.h"
 
 int MosseTenute;
@@ -117,9 +118,9 @@ const char* ProvaTestiMossa(const uint8_t* dati, size_t lunghezza) {
   MosseTenute = 0;
   if (lunghezza == 0) return nullptr;
   memoria::Azzera();
-  DopoFinestra = nullptr;
-  SchermoDellOrologio = {};
-  InMoto = 0;
+  InstallaDopoFinestra(nullptr);
+  InstallaSchermoOrologio({});
+  SegnaOrologioInMoto(false);
 
   const uint8_t scelta = dati[0];
   const uint8_t* p = dati + 1;
