@@ -214,10 +214,7 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
         if (!NuovaPartitaACaso()) return;
         continue;
       }
-      if (RitiriACaso([this] {
-            Ritira();
-            return !HasFatalFailure();
-          })) {
+      if (RitiriACaso([this] { Ritira(); }, HasFatalFailure)) {
         if (HasFatalFailure()) return;
         continue;
       }

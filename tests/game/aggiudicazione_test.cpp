@@ -13,6 +13,7 @@
 #include "piattaforma/memoria/memoria.h"
 #include "supporto/stati.h"
 #include "supporto/tabelle.h"
+#include "verifiche/aggiudicazione.h"
 #include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
@@ -27,54 +28,11 @@ const std::string CommentoIniziale = CommentoRisultato;
 
 constexpr unsigned DOMANDA = MB_YESNO;
 constexpr unsigned AVVISO = MB_OK | MB_ICONINFORMATION;
-constexpr int MINUTO = 60000;
 
-// The clock redraws its state line once when it stops; nothing else in these
-// tests starts or stops it.
-int ChiamateFermaOrologio = 0;
+using verifiche::ChiamateFermaOrologio;
+using verifiche::MINUTO;
 
-class Aggiudicazione : public ::testing::Test {
- protected:
-  void SetUp() override {
-    InizializzaTabelleUnaVolta();
-    memoria::Azzera();
-    InstallaDopoFinestra(nullptr);
-    RevocaAggiudicazione();
-    CambiaOrologio([](StatoOrologio& s) {
-      s.in_moto = 0;
-      s.tempo[0] = s.tempo[1] = MINUTO;
-    });
-    ChiamateFermaOrologio = 0;
-    InstallaSchermoOrologio({nullptr, [] { ++ChiamateFermaOrologio; }, nullptr});
-    Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
-  }
-  void TearDown() override { InstallaSchermoOrologio({}); }
-
-  static void Carica(const char* fen) {
-    SvuotaScacchiera();
-    ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;
-  }
-
-  static void StatoE(const std::string& result, const std::string& termination,
-                     const std::string& commento) {
-    EXPECT_EQ(std::string(Result), result);
-    EXPECT_EQ(std::string(Termination), termination);
-    EXPECT_EQ(std::string(CommentoRisultato), commento);
-  }
-  static void Aperta() {
-    StatoE("*", "?", "");
-    EXPECT_FALSE(PartitaAggiudicata());
-  }
-
-  // Exactly one box, with this text and style, titled "Attenzione!".
-  static void UnaFinestra(const std::string& testo, unsigned stile) {
-    const auto& finestre = memoria::Finestre();
-    ASSERT_EQ(finestre.size(), 1u);
-    EXPECT_EQ(finestre[0].testo, testo);
-    EXPECT_EQ(finestre[0].titolo, "Attenzione!");
-    EXPECT_EQ(finestre[0].stile, stile);
-  }
-};
+class Aggiudicazione : public verifiche::AmbienteAggiudicazione {};
 
 // ---------------------------------------------------------------------------
 // The status buffers.

@@ -193,10 +193,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
         }
         return;
       }
-      if (RitiriACaso([this] {
-            Ritira();
-            return !HasFatalFailure();
-          })) {
+      if (RitiriACaso([this] { Ritira(); }, HasFatalFailure)) {
         if (HasFatalFailure()) return;
         continue;
       }

@@ -6,10 +6,13 @@ the global, and the copy without it must not name that file.
   prova_proprieta.py CONTROLLO RADICE
 """
 import os
-import shutil
 import subprocess
 import sys
 import tempfile
+
+sys.dont_write_bytecode = True  # nothing written into the source tree
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from copia_albero import CopiaSorgenti  # noqa: E402
 
 controllo, radice = sys.argv[1:3]
 
@@ -39,11 +42,7 @@ def esegui(cartella):
 
 
 with tempfile.TemporaryDirectory() as cartella:
-    for parte in ("src", "tests", "bench", "fuzz", "tools"):
-        sorgente = os.path.join(radice, parte)
-        if os.path.isdir(sorgente):
-            shutil.copytree(sorgente, os.path.join(cartella, parte),
-                            ignore=shutil.ignore_patterns("__pycache__", "corpus"))
+    CopiaSorgenti(radice, cartella)
     for nome, testo, atteso in PIANTATI:
         percorso = os.path.join(cartella, nome)
         with open(percorso, "w") as f:

@@ -8,10 +8,13 @@ what was planted.
 """
 import json
 import os
-import shutil
 import subprocess
 import sys
 import tempfile
+
+sys.dont_write_bytecode = True  # nothing written into the source tree
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from copia_albero import CopiaSorgenti  # noqa: E402
 
 controllo, radice, comandi = sys.argv[1:4]
 radice = os.path.realpath(radice)
@@ -42,11 +45,7 @@ PIANTATI = [
 ]
 
 with tempfile.TemporaryDirectory() as cartella:
-    for parte in ("src", "tests", "bench", "fuzz", "tools"):
-        sorgente = os.path.join(radice, parte)
-        if os.path.isdir(sorgente):
-            shutil.copytree(sorgente, os.path.join(cartella, parte),
-                            ignore=shutil.ignore_patterns("__pycache__", "corpus"))
+    CopiaSorgenti(radice, cartella)
     copia = os.path.realpath(cartella)
     # The same commands, on the copy.
     with open(comandi, encoding="utf-8") as f:

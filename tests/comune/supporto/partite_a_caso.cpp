@@ -66,10 +66,12 @@ uint64_t Dado::Scegli() {
   return ScegliMossa([this](uint64_t n) { return Caso(n); }, 0);
 }
 
-bool Dado::RitiriACaso(const std::function<bool()>& ritira) {
+bool Dado::RitiriACaso(const std::function<void()>& ritira, bool (*fallito)()) {
   if (ContatoreMosse == 0 || Caso(20) != 0) return false;
-  for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r)
-    if (!ritira()) break;
+  for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r) {
+    ritira();
+    if (fallito()) break;
+  }
   return true;
 }
 

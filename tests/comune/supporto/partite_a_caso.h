@@ -44,9 +44,9 @@ class Dado {
   uint64_t Scegli();
 
   // Now and then, one to three plies taken back with `ritira`, stopping
-  // when it answers false (a fatal failure). True when it was the turn for
-  // take-backs.
-  bool RitiriACaso(const std::function<bool()>& ritira);
+  // once `fallito` says a fatal failure happened (the test's
+  // HasFatalFailure). True when it was the turn for take-backs.
+  bool RitiriACaso(const std::function<void()>& ritira, bool (*fallito)());
 };
 
 }  // namespace partite_a_caso
