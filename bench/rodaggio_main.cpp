@@ -1,4 +1,4 @@
-// The soak run of the game record (rodaggio.h) as a program: prints the
+// The soak run of the game record (tests/comune/supporto/rodaggio.h) as a program: prints the
 // figures and exits 1 on any unexpected report or broken rule.
 //
 //   pendrino_rodaggio [GAMES [SEED]]     10000 games from seed 1 by default
