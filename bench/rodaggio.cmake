@@ -1,11 +1,9 @@
 # The soak run of the game record: 10,000 random games through the typed-move
 # road with the position self-check after every make and unmake. A short run
-# of the same code is a test of the diagnostics (tests/diagnostics).
-add_executable(pendrino_rodaggio ${CMAKE_CURRENT_LIST_DIR}/rodaggio.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/rodaggio_main.cpp)
-target_link_libraries(pendrino_rodaggio PRIVATE pendrino_game pendrino_diagnostics)
-# The coordinates of a move, typed as the tests type them.
-target_include_directories(pendrino_rodaggio PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+# of the same code is a test of the diagnostics (tests/diagnostics); the game
+# player is the shared support's (tests/comune/supporto/rodaggio.h).
+add_executable(pendrino_rodaggio ${CMAKE_CURRENT_LIST_DIR}/rodaggio_main.cpp)
+target_link_libraries(pendrino_rodaggio PRIVATE pendrino_supporto)
 set_target_properties(pendrino_rodaggio PROPERTIES PENDRINO_BACKEND pendrino_memoria)
 if(COMMAND pendrino_bench)
   pendrino_bench(rodaggio COMMAND $<TARGET_FILE:pendrino_rodaggio> 10000

@@ -1,11 +1,11 @@
-// The soak run of the game record (rodaggio.h) as a program: prints the
+// The soak run of the game record (tests/comune/supporto/rodaggio.h) as a program: prints the
 // figures and exits 1 on any unexpected report or broken rule.
 //
 //   pendrino_rodaggio [GAMES [SEED]]     10000 games from seed 1 by default
 #include <cstdio>
 #include <cstdlib>
 
-#include "rodaggio.h"
+#include "supporto/rodaggio.h"
 
 int main(int argc, char** argv) {
   const unsigned long long partite = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 10000;

@@ -8,7 +8,8 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
-#include "board/verifica_posizione.h"
+#include "supporto/stati.h"
+#include "supporto/verifica_posizione.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   InizializzaTabelle();
@@ -21,8 +22,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* dati, size_t lunghezza) {
   testo[lunghezza] = '\0';
   SvuotaScacchiera();
   // Texts without a king keep these squares: the same answer on every run.
-  casa_re_bianco = CASA_RE_BIANCO_INIZIALE;
-  casa_re_nero = CASA_RE_NERO_INIZIALE;
+  CambiaPosizione([](StatoPosizione& p) {
+    p.re[BIANCO] = CASA_RE_BIANCO_INIZIALE;
+    p.re[NERO] = CASA_RE_NERO_INIZIALE;
+  });
   if (CaricaPosizioneDaStringaFen(testo) && !PosizioneCoerente()) std::abort();
   std::free(testo);
   return 0;

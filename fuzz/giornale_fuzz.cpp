@@ -11,7 +11,6 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
-#include "clock/cadenza.h"
 #include "clock/orologio.h"
 #include "game/aggiudicazione.h"
 #include "game/giornale.h"
@@ -28,10 +27,7 @@ void NuovaPartitaVuota() {
   DefaultIni();
   SvuotaScacchiera();
   if (!CaricaPosizioneDaStringaFen(FenIniziale)) std::abort();
-  InMoto = 0;
-  PrimaVoltaInMoto = 0;
-  TempoRimasto[0] = TempoRimasto[1] = 7200000;
-  AzzeraTempoUTC();
+  CaricaTempoDaiParametri();
   RevocaAggiudicazione();
   AzzeraPartita();
 }

@@ -18,7 +18,11 @@ int FinestraMessaggio(const char* testo, const char* titolo, unsigned stile) {
   return IDOK;
 }
 
+// The tones of the notices: nothing to hear here.
+void Suona(uint32_t, uint32_t) {}
+
 bool SostituisciFile(const char*, const char*, size_t) { return false; }
+bool SostituisciFileDiTesto(const char*, const char*, size_t) { return false; }
 
 int64_t LeggiFile(const char*, uint64_t, char*, size_t) { return -1; }
 

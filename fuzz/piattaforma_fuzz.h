@@ -1,5 +1,6 @@
 // The platform calls the settings reader can reach, without a screen or
-// files: boxes are counted and answered OK, files are never there.
+// files: boxes are counted and answered OK, tones are silent, files are
+// never there.
 #pragma once
 
 extern int AvvisiMostrati;

@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Ownership check: a global that a folder of src/ declares in its headers
-(`extern`, not const) is written only by that folder's own sources, and by
+(`extern`, not const, or an `inline` reference that names a part of one, as
+btm_bianco names btm_colore[BIANCO]) is written only by that folder's own
+sources, and by
 the tests of that folder (tests/<folder>/), which may set up the state they
 test. Any other file, in src/, in another folder of tests/, in bench/, fuzz/
 or tools/, changes it only through the owner's functions.
@@ -25,6 +27,9 @@ import sys
 CARTELLE_ESTERNE = ("tests", "bench", "fuzz", "tools")
 ESTENSIONI = (".h", ".cpp", ".inc")
 
+# An inline non-const reference to a part of a global: "inline uint64_t&
+# btm_bianco = ...", "inline uint64_t (&casa_re_nero)[10] = ...".
+ALIAS = re.compile(r'^\s*inline\s+(?!const\b)[\w:]+\s*(?:&|\(\s*&)\s*([A-Za-z_]\w*)', re.M)
 EXTERN = re.compile(r'^\s*extern\s+(?!"C")([^;()]*?)\b([A-Za-z_]\w*)\s*((?:\[[^\]]*\])*)\s*;', re.M)
 COMMENTO = re.compile(r'//[^\n]*|/\*.*?\*/', re.S)
 STRINGA = re.compile(r'"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'')
@@ -62,7 +67,8 @@ def proprietario(relativo):
 
 
 def globali(radice):
-    """Name -> owning folder, for every non-const extern of src's headers."""
+    """Name -> owning folder, for every non-const extern (and inline reference
+    to one) of src's headers."""
     trovati = {}
     for percorso in sorgenti(radice, "src"):
         if not percorso.endswith(".h"):
@@ -70,6 +76,8 @@ def globali(radice):
         relativo = os.path.relpath(percorso, radice).replace(os.sep, "/")
         with open(percorso, encoding="utf-8", errors="replace") as f:
             testo = pulisci(f.read())
+        for nome in ALIAS.findall(testo):
+            trovati[nome] = proprietario(relativo)
         for tipo, nome, _ in EXTERN.findall(testo):
             parole = tipo.split()
             # "const char* const X" and "const T X": nothing to write.

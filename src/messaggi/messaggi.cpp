@@ -61,3 +61,6 @@ void Suona(Tono tono) {
   const SuonoDelTono suono = SuonoDi(tono);
   piattaforma::Suona(suono.frequenza, suono.durata);
 }
+
+void InstallaDopoFinestra(void (*dopo)()) { DopoFinestra = dopo; }
+void InstallaPrimaDellaFinestra(void (*prima)()) { PrimaDellaFinestra = prima; }

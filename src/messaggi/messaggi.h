@@ -38,3 +38,7 @@ extern void (*DopoFinestra)();
 extern void (*PrimaDellaFinestra)();
 // Run with the box's text as it opens: the console's voice says it.
 extern void (*FinestraAperta)(const char* testo);
+// Their owner's setters: the console installs both, a test what it watches
+// (nullptr: nothing runs).
+void InstallaDopoFinestra(void (*dopo)());
+void InstallaPrimaDellaFinestra(void (*prima)());

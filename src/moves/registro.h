@@ -17,3 +17,15 @@ inline void SalvaParolePosizione() {
   backup_HashPedoni[ContatoreMosse] = HashPedoni;
   backup_InfoPosizione[ContatoreMosse] = InfoPosizione;
 }
+
+// Every ply's saved words as one value: what a test plants to see which
+// plies a look back reads (the repetition scan) and which ones a function
+// records.
+struct StatoRegistro {
+  uint64_t chiave[MAX_SEMIMOSSE];  // backup_ChiaveHash
+  uint64_t pedoni[MAX_SEMIMOSSE];  // backup_HashPedoni
+  uint64_t info[MAX_SEMIMOSSE];    // backup_InfoPosizione
+  bool operator==(const StatoRegistro&) const = default;
+};
+StatoRegistro FotografiaRegistro();
+void RipristinaRegistro(const StatoRegistro& s);

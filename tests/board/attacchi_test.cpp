@@ -4,7 +4,7 @@
 
 #include "board/fen.h"
 #include "board/liste.h"
-#include "riferimento.h"
+#include "supporto/riferimento.h"
 
 namespace {
 

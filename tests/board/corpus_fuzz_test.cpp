@@ -9,8 +9,8 @@
 
 #include "board/fen.h"
 #include "board/posizione.h"
-#include "comune/corpus.h"
-#include "verifica_posizione.h"
+#include "supporto/corpus.h"
+#include "supporto/verifica_posizione.h"
 
 namespace {
 

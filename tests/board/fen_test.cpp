@@ -13,8 +13,8 @@
 
 #include "board/mossa.h"
 #include "board/posizione.h"
-#include "riferimento.h"
-#include "verifica_posizione.h"
+#include "supporto/riferimento.h"
+#include "supporto/verifica_posizione.h"
 
 namespace {
 

@@ -15,6 +15,7 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
+#include "supporto/stati.h"
 
 // The display sink's requests, oldest first: "tempo 0 7200", "stato", "cadenza".
 inline std::vector<std::string> Disegni;
@@ -34,8 +35,6 @@ inline std::vector<std::string> Toni(size_t dal = 0) {
 inline const std::string BIP = "1000/100";
 inline const std::string PAUSA = "50000/3";
 inline const std::string PERIODO = "3000/5";
-
-inline void Imposta(int riga, int32_t valore) { ParametroIni[riga].valore = valore; }
 
 // The loop's turns while `colore` thinks: one call as each shown second
 // ends, until `millisecondi` have passed. Returns the calls that said the
@@ -71,18 +70,18 @@ class AmbienteOrologio : public ::testing::Test {
     };
     Segnali.clear();
     SvuotaMessaggio();
-    DopoFinestra = nullptr;
-    ContatoreMosse = 0;
+    InstallaDopoFinestra(nullptr);
+    PortaAllaSemimossa(0);
     // 40 moves in 120 minutes, then 30 minutes; no increments; alarms out
     // of reach.
-    Imposta(PARAMETRO_PERIODI, 2);
-    Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 40);
-    Imposta(PARAMETRO_TEMPO_PRIMO_PERIODO, 120);
-    Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
-    Imposta(PARAMETRO_TEMPO_SECONDO_PERIODO, 30);
-    Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 0);
-    Imposta(PARAMETRO_AGGIORNAMENTO_AUTOMATICO, 1);
-    for (int k = 0; k < 5; ++k) Imposta(PARAMETRO_ALLARME1 + k, 999);
+    ImpostaParametro(PARAMETRO_PERIODI, 2);
+    ImpostaParametro(PARAMETRO_MOSSE_PRIMO_PERIODO, 40);
+    ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 120);
+    ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
+    ImpostaParametro(PARAMETRO_TEMPO_SECONDO_PERIODO, 30);
+    ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 0);
+    ImpostaParametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO, 1);
+    for (int k = 0; k < 5; ++k) ImpostaParametro(PARAMETRO_ALLARME1 + k, 999);
     NuovaPartita();
   }
 
@@ -95,14 +94,14 @@ class AmbienteOrologio : public ::testing::Test {
     PrimaVoltaInMoto = 0;
     AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
     AzzeraTempoUTC();
-    ContatoreMosse = 0;
+    PortaAllaSemimossa(0);
     Disegni.clear();
   }
 
   // A move of the side to move while the clock runs, as the game makes it.
   static void Muovi() {
     const int colore = int(ContatoreMosse & 1);
-    ++ContatoreMosse;
+    PortaAllaSemimossa(ContatoreMosse + 1);
     PremiOrologio(colore);
   }
 };

@@ -15,6 +15,7 @@
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
+#include "supporto/stati.h"
 
 class AmbienteConsole : public ::testing::Test {
  protected:
@@ -24,12 +25,17 @@ class AmbienteConsole : public ::testing::Test {
     SospendiGiornale();
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
-    InMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = 0;
-    InizioTempo = 0;
-    ContatoreMosse = 0;
+    CambiaOrologio([](StatoOrologio& s) {
+      s.in_moto = 0;
+      s.tempo[0] = s.tempo[1] = 0;
+      s.inizio = 0;
+      s.prima_volta = 0;
+      s.visualizzato[0] = s.visualizzato[1] = 0;
+      s.allarme[0] = s.allarme[1] = ALLARME_MAI_SUONATO;
+    });
+    PortaAllaSemimossa(0);
     SvuotaMessaggio();
-    DopoFinestra = ImpostaFocus;
+    InstallaDopoFinestra(ImpostaFocus);
     // A settings file with the defaults, so that start-up reads it quietly;
     // the open game of a fresh start.
     DefaultIni();
@@ -37,9 +43,6 @@ class AmbienteConsole : public ::testing::Test {
     DefaultTabella(TabellaPreferenze);
     ScriviTabella(TabellaPreferenze);
     RevocaAggiudicazione();
-    PrimaVoltaInMoto = 0;
-    TempoVisualizzato[0] = TempoVisualizzato[1] = 0;
-    AlarmeSuonato[0] = AlarmeSuonato[1] = ALLARME_MAI_SUONATO;
   }
 
   // The whole screen, line after line, to compare before and after: all but

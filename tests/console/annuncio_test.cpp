@@ -2,8 +2,8 @@
 // whose first word is the news, at the top of the panels.
 #include <string>
 
-#include "comune/toni.h"
 #include "partita_da_tastiera.h"
+#include "verifiche/toni.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 // a function key: Ctrl+F, then a digit.
 #include <string>
 
-#include "comune/toni.h"
 #include "partita_da_tastiera.h"
 #include "settings/parametri.h"
+#include "verifiche/toni.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 
 #include "ambiente_console.h"
 #include "board/fen.h"
-#include "comune/testo.h"
 #include "console/avvio.h"
 #include "game/file_partita.h"
 #include "game/partita.h"
+#include "supporto/testo.h"
 
 using namespace piattaforma::win32;
 

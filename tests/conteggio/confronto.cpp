@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "board/posizione.h"
-#include "comune/tabelle.h"
 #include "diagnostics/perft.h"
 #include "moves/genera.h"
+#include "supporto/tabelle.h"
 
 namespace {
 

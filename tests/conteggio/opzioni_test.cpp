@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "board/geometria.h"
-#include "comune/tabelle_perft.h"
 #include "confronto.h"
 #include "diagnostics/perft.h"
+#include "verifiche/tabelle_perft.h"
 
 namespace {
 

@@ -10,12 +10,13 @@
 
 #include "board/mossa.h"
 #include "board/posizione.h"
-#include "comune/mosse_a_caso.h"
-#include "comune/tabelle_perft.h"
 #include "confronto.h"
 #include "moves/genera.h"
+#include "moves/legali.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
+#include "supporto/mosse_a_caso.h"
+#include "verifiche/tabelle_perft.h"
 
 namespace {
 
@@ -24,18 +25,20 @@ constexpr int SEMIMOSSE = 120;
 
 // The legal moves of the side to move into BufferMosseGenerate, as the game
 // keeps them for the move picker; how many.
+// The generator's order is kept, so that the seeded games stay the same.
 size_t PreparaLegali() {
   const Colore c = AlTratto();
   uint64_t* const fine = genera_mosse_del[c](BufferMosseGenerate);
   SalvaParolePosizione();
-  uint64_t* legali = BufferMosseGenerate;
+  static uint64_t legali[DIMENSIONE_BUFFER_MOSSE];
+  size_t n = 0;
   for (const uint64_t* p = BufferMosseGenerate; p < fine; ++p) {
     if (!fai_mossa[c][TipoMossa(*p)](*p)) continue;
     ritira_mossa[c][TipoMossa(*p)](*p);
-    *legali++ = *p;
+    legali[n++] = *p;
   }
-  FineMosseGenerate = legali;
-  return size_t(legali - BufferMosseGenerate);
+  ImpostaListaMosse(legali, n);
+  return n;
 }
 
 TEST(PartiteACaso, UgualeAlFaiRitiraAOgniSemimossa) {

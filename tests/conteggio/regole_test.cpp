@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "comune/tabelle_perft.h"
 #include "confronto.h"
+#include "verifiche/tabelle_perft.h"
 
 namespace {
 

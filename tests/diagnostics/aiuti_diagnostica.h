@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "board/posizione.h"
-#include "comune/istantanea.h"
-#include "comune/tabelle_perft.h"
+#include "supporto/istantanea.h"
+#include "verifiche/tabelle_perft.h"
 
 inline const std::string TabellaRiferimento =
     std::string(PENDRINO_DATI_CONDIVISI) + "/perft-reference.tsv";

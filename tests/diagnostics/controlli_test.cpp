@@ -11,6 +11,7 @@
 #include "moves/registro.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -69,7 +70,7 @@ TEST_F(Controlli, PermessoEnpassantEntraNellaChiaveRicalcolata) {
   EXPECT_EQ(Controlla(0), "");
   // Without the permission bit the recomputed key lacks exactly the permission
   // key.
-  InfoPosizione &= ~PERMESSO_ENPASSANT;
+  CambiaPosizione([](StatoPosizione& s) { s.info &= ~PERMESSO_ENPASSANT; });
   Controlla(0);
   EXPECT_EQ(Testo(), "chiave hash scorretta\n");
   EXPECT_EQ(ReportControlloPosizione.ChiaveRicalcolata ^ ChiaveHash, HashPermessoEnpassantIn[27])
@@ -119,7 +120,7 @@ TEST_F(Controlli, ArroccoCortoTogliLeChiaviDeiDiritti) {
 TEST_F(Controlli, SlotSbagliatoNominaControlloECasa) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
   ASSERT_EQ(PezzoIn[7], 0x71u) << "the h8 rook is the second black rook";
-  PezzoIn[7] = 0x70;  // slot bits of the other rook
+  CambiaPosizione([](StatoPosizione& s) { s.pezzo_in[7] = 0x70; });  // slot bits of the other rook
   const std::string stampato = Controlla(0);
   EXPECT_EQ(Testo(), "ControllaPosizione_torre_nero in h8\n");
   EXPECT_EQ(stampato,
@@ -129,19 +130,22 @@ TEST_F(Controlli, SlotSbagliatoNominaControlloECasa) {
 
 TEST_F(Controlli, PezzoDimenticatoFuoriDalleListe) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  PezzoIn[36] = 0x22;  // a white knight on e4 that no list names
+  // A white knight on e4 that no list names.
+  CambiaPosizione([](StatoPosizione& s) { s.pezzo_in[36] = 0x22; });
   Controlla(0);
   EXPECT_EQ(Testo(), "nella casa e4 non dovrebbe esserci 1\n");
 }
 
 TEST_F(Controlli, BitboardDelPezzoEDelColore) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  btm_cavallo_nero ^= 1ull << 6;  // g8 missing from the knight bitboard
+  // g8 missing from the knight bitboard.
+  CambiaPosizione([](StatoPosizione& s) { s.pezzi[NERO][CAVALLO] ^= 1ull << 6; });
   Controlla(0);
   EXPECT_EQ(Testo(), "(BitmapMioPezzo != btm) ControllaPosizione_cavallo_nero in g8\n");
 
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  btm_bianco ^= 1ull << 58;  // c1 missing from the white bitboard
+  // c1 missing from the white bitboard.
+  CambiaPosizione([](StatoPosizione& s) { s.colore[BIANCO] ^= 1ull << 58; });
   Controlla(0);
   EXPECT_EQ(Testo(),
             "((BitmapMieiPezzi&btm) != btm) "
@@ -149,15 +153,17 @@ TEST_F(Controlli, BitboardDelPezzoEDelColore) {
 
   // An empty list names a8 as its last square.
   ASSERT_TRUE(CaricaFen("4k3/8/8/8/8/8/8/4K3 w - - 0 1"));
-  btm_donna_bianco = 1ull << 35;
+  CambiaPosizione([](StatoPosizione& s) { s.pezzi[BIANCO][DONNA] = 1ull << 35; });
   Controlla(0);
   EXPECT_EQ(Testo(), "(BitmapMioPezzo != btm) ControllaPosizione_donna_bianco in a8\n");
 }
 
 TEST_F(Controlli, ReSenzaCodiceOFuoriDalColore) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  PezzoIn[4] = CASA_VUOTA;
-  btm_nero ^= 1ull << 4;
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pezzo_in[4] = CASA_VUOTA;
+    s.colore[NERO] ^= 1ull << 4;
+  });
   Controlla(0);
   EXPECT_EQ(Testo(),
             "(PezzoIn[CasaMioRe] != MioRe) - ControllaPosizione_re_nero in e8\n"
@@ -167,14 +173,18 @@ TEST_F(Controlli, ReSenzaCodiceOFuoriDalColore) {
 
 TEST_F(Controlli, ChiaviScorretteEPedoniSpostati) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  HashPedoni ^= 1;
-  ChiaveHash ^= 2;
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pedoni ^= 1;
+    s.chiave ^= 2;
+  });
   Controlla(0);
   EXPECT_EQ(Testo(), "chiave hash scorretta\nhash pedoni scorretta\n");
 
   // A pawn moved in its list but not on the board: every part says so.
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  casa_pedone_bianco[SlotDelCodice(PezzoIn[52])] = 44;  // e2 listed on e3
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pedone[BIANCO][SlotDelCodice(s.pezzo_in[52])] = 44;  // e2 listed on e3
+  });
   Controlla(0);
   EXPECT_EQ(Testo(),
             "ControllaPosizione_pedone_bianco in e3\n"
@@ -188,7 +198,8 @@ TEST_F(Controlli, DopoRitiraNominaLaMossaRitirata) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
   ASSERT_EQ(Fai(Mossa(52, 36, PEDONE_AVANZA2)), 1);
   Ritira();
-  PezzoIn[36] = CodicePezzo(PEDONE, NERO, 0);  // a black pawn left behind on e4
+  // A black pawn left behind on e4.
+  CambiaPosizione([](StatoPosizione& s) { s.pezzo_in[36] = CodicePezzo(PEDONE, NERO, 0); });
   EXPECT_EQ(Controlla(1),
             "Errore!\n nella casa e4 non dovrebbe esserci 0\n\n"
             "DopoRitiraMossa 1 pedone avanza2, e2e4\n");
@@ -196,10 +207,10 @@ TEST_F(Controlli, DopoRitiraNominaLaMossaRitirata) {
 
 TEST_F(Controlli, IlReportSiAzzeraAOgniControllo) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  ChiaveHash ^= 1;
+  CambiaPosizione([](StatoPosizione& s) { s.chiave ^= 1; });
   Controlla(0);
   ASSERT_NE(ReportControlloPosizione.LunghezzaTesto, 0u);
-  ChiaveHash ^= 1;
+  CambiaPosizione([](StatoPosizione& s) { s.chiave ^= 1; });
   EXPECT_EQ(Controlla(0), "");
   EXPECT_EQ(ReportControlloPosizione.LunghezzaTesto, 0u);
   EXPECT_EQ(Testo(), "");
@@ -207,9 +218,11 @@ TEST_F(Controlli, IlReportSiAzzeraAOgniControllo) {
 
 TEST_F(Controlli, ListeCorrotteNonEsconoDallaScacchiera) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  casa_torre_nero[0] = 200;
-  casa_re_bianco = 64;
-  materiale_del_nero += 0x0000000050000000ull;  // rook count far beyond the list
+  CambiaPosizione([](StatoPosizione& s) {
+    s.torre[NERO][0] = 200;
+    s.re[BIANCO] = 64;
+    s.materiale[NERO] += 0x0000000050000000ull;  // rook count far beyond the list
+  });
   Controlla(0);
   EXPECT_NE(ReportControlloPosizione.LunghezzaTesto, 0u);
   EXPECT_LT(ReportControlloPosizione.LunghezzaTesto, uint32_t(DIMENSIONE_TESTO_CONTROLLO));

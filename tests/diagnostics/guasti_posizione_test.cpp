@@ -9,6 +9,7 @@
 #include "board/fen.h"
 #include "diagnostics/controlli.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -54,7 +55,8 @@ TEST_F(GuastiPosizione, CodiceSbagliatoNominaIlControlloDelPezzoELaCasa) {
   for (const Pezzo& p : Pezzi) {
     SCOPED_TRACE(p.nome);
     ASSERT_TRUE(CaricaFen(FenIniziale));
-    PezzoIn[p.casa] ^= 1;  // another slot of the same kind and colour
+    // Another slot of the same kind and colour.
+    CambiaPosizione([&](StatoPosizione& s) { s.pezzo_in[p.casa] ^= 1; });
     EXPECT_EQ(Report(), std::string(p.nome) + " in " + p.nome_casa + "\n");
   }
 }
@@ -63,7 +65,8 @@ TEST_F(GuastiPosizione, BitboardDelPezzoConUnaCasaInPiu) {
   for (const Pezzo& p : Pezzi) {
     SCOPED_TRACE(p.nome);
     ASSERT_TRUE(CaricaFen(FenIniziale));
-    btm_pezzi[p.colore][p.tipo] ^= 1ull << 36;  // e4, empty
+    CambiaPosizione(
+        [&](StatoPosizione& s) { s.pezzi[p.colore][p.tipo] ^= 1ull << 36; });  // e4, empty
     EXPECT_EQ(Report(),
               std::string("(BitmapMioPezzo != btm) ") + p.nome + " in " + p.ultima + "\n");
   }
@@ -73,7 +76,7 @@ TEST_F(GuastiPosizione, BitboardDelColoreSenzaIlPezzo) {
   for (const Pezzo& p : Pezzi) {
     SCOPED_TRACE(p.nome);
     ASSERT_TRUE(CaricaFen(FenIniziale));
-    btm_colore[p.colore] ^= 1ull << p.casa;
+    CambiaPosizione([&](StatoPosizione& s) { s.colore[p.colore] ^= 1ull << p.casa; });
     EXPECT_EQ(Report(),
               std::string("((BitmapMieiPezzi&btm) != btm) ") + p.nome + " in " + p.ultima + "\n");
   }
@@ -81,29 +84,31 @@ TEST_F(GuastiPosizione, BitboardDelColoreSenzaIlPezzo) {
 
 TEST_F(GuastiPosizione, UnaCasaInPiuNelColoreNonEUnGuasto) {
   // Only the pieces' own squares are required of the colour bitboard.
-  btm_bianco |= 1ull << 36;
-  btm_nero |= 1ull << 27;
+  CambiaPosizione([](StatoPosizione& s) {
+    s.colore[BIANCO] |= 1ull << 36;
+    s.colore[NERO] |= 1ull << 27;
+  });
   EXPECT_EQ(Report(), "");
 }
 
 TEST_F(GuastiPosizione, ReDelBiancoSenzaCodiceOFuoriDalColore) {
-  PezzoIn[60] = CASA_VUOTA;
+  CambiaPosizione([](StatoPosizione& s) { s.pezzo_in[60] = CASA_VUOTA; });
   EXPECT_EQ(Report(), "(PezzoIn[CasaMioRe] != MioRe) - ControllaPosizione_re_bianco in e1\n");
 }
 
 TEST_F(GuastiPosizione, ReFuoriDalColore) {
-  btm_bianco ^= 1ull << 60;
+  CambiaPosizione([](StatoPosizione& s) { s.colore[BIANCO] ^= 1ull << 60; });
   EXPECT_EQ(Report(),
             "(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) ControllaPosizione_re_bianco in e1\n");
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  btm_nero ^= 1ull << 4;
+  CambiaPosizione([](StatoPosizione& s) { s.colore[NERO] ^= 1ull << 4; });
   EXPECT_EQ(Report(),
             "(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) ControllaPosizione_re_nero in e8\n");
 }
 
 TEST_F(GuastiPosizione, ReSpostatoNellaListaMaNonSullaScacchiera) {
   // The king square says e6, an empty square; e8 still holds the king.
-  casa_re_nero = 20;
+  CambiaPosizione([](StatoPosizione& s) { s.re[NERO] = 20; });
   EXPECT_EQ(Report(),
             "(PezzoIn[CasaMioRe] != MioRe) - ControllaPosizione_re_nero in e6\n"
             "(!(BitmapMieiPezzi & (1ull<<CasaMioRe))) ControllaPosizione_re_nero in e6\n"
@@ -114,9 +119,11 @@ TEST_F(GuastiPosizione, ReSpostatoNellaListaMaNonSullaScacchiera) {
 TEST_F(GuastiPosizione, LeParteDelReportSeguonoLOrdineDeiControlli) {
   // One fault for every helper at once: the lines come out white pawn to
   // white king, then black pawn to black king.
-  for (const Pezzo& p : Pezzi) PezzoIn[p.casa] ^= 1;
-  PezzoIn[60] ^= 1;
-  PezzoIn[4] ^= 1;
+  CambiaPosizione([](StatoPosizione& s) {
+    for (const Pezzo& p : Pezzi) s.pezzo_in[p.casa] ^= 1;
+    s.pezzo_in[60] ^= 1;
+    s.pezzo_in[4] ^= 1;
+  });
   EXPECT_EQ(Report(),
             "ControllaPosizione_pedone_bianco in e2\n"
             "ControllaPosizione_cavallo_bianco in b1\n"
@@ -134,7 +141,7 @@ TEST_F(GuastiPosizione, LeParteDelReportSeguonoLOrdineDeiControlli) {
 
 TEST_F(GuastiPosizione, ListaPiuLungaDellaSuaCapienza) {
   // Eleven black rooks by the count; the list holds ten.
-  materiale_del_nero += 9ull << 24;
+  CambiaPosizione([](StatoPosizione& s) { s.materiale[NERO] += 9ull << 24; });
   ASSERT_EQ((materiale_del_nero >> 24) & 0xFF, 11u);
   const std::string testo = Report();
   EXPECT_EQ(testo.rfind("(NumeroPezzi > CapienzaLista) ControllaPosizione_torre_nero\n", 0), 0u)
@@ -150,9 +157,11 @@ TEST_F(GuastiPosizione, ListaPienaNonEOltreLaCapienza) {
 
 TEST_F(GuastiPosizione, PezziFuoriDalleListeSuOgniCasa) {
   // Stray codes that no list names, reported by square.
-  PezzoIn[35] = 0x80;                             // white queen on d4
-  PezzoIn[36] = CODICE_RE_NERO;                   // black king on e4
-  PezzoIn[27] = (uint64_t(ALFIERE) << 5) | 0x10;  // black bishop on d5
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pezzo_in[35] = 0x80;                             // white queen on d4
+    s.pezzo_in[36] = CODICE_RE_NERO;                   // black king on e4
+    s.pezzo_in[27] = (uint64_t(ALFIERE) << 5) | 0x10;  // black bishop on d5
+  });
   EXPECT_EQ(Report(),
             "nella casa d5 non dovrebbe esserci 2\n"
             "nella casa d4 non dovrebbe esserci 4\n"
@@ -161,8 +170,10 @@ TEST_F(GuastiPosizione, PezziFuoriDalleListeSuOgniCasa) {
 
 TEST_F(GuastiPosizione, PezziFuoriDalleListeAgliAngoli) {
   ASSERT_TRUE(CaricaFen("8/8/3k4/8/8/3K4/8/8 w - - 0 1"));
-  PezzoIn[0] = 0x60;   // a white rook on a8
-  PezzoIn[63] = 0x30;  // a black knight on h1
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pezzo_in[0] = 0x60;   // a white rook on a8
+    s.pezzo_in[63] = 0x30;  // a black knight on h1
+  });
   EXPECT_EQ(Report(),
             "nella casa a8 non dovrebbe esserci 3\n"
             "nella casa h1 non dovrebbe esserci 1\n");
@@ -171,18 +182,22 @@ TEST_F(GuastiPosizione, PezziFuoriDalleListeAgliAngoli) {
 TEST_F(GuastiPosizione, ChiaveEChiaveDeiPedoni) {
   // The pawn key is a part of the full key: a pawn listed on another square
   // spoils both; a knight listed elsewhere only the full key.
-  casa_pedone_nero[PezzoIn[8] & 15] = 16;  // a7 listed on a6
-  PezzoIn[16] = PezzoIn[8];
-  PezzoIn[8] = CASA_VUOTA;
+  CambiaPosizione([](StatoPosizione& s) {
+    s.pedone[NERO][s.pezzo_in[8] & 15] = 16;  // a7 listed on a6
+    s.pezzo_in[16] = s.pezzo_in[8];
+    s.pezzo_in[8] = CASA_VUOTA;
+  });
   EXPECT_EQ(Report(),
             "(BitmapMioPezzo != btm) ControllaPosizione_pedone_nero in h7\n"
             "((BitmapMieiPezzi&btm) != btm) ControllaPosizione_pedone_nero in h7\n"
             "chiave hash scorretta\nhash pedoni scorretta\n");
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  ChiaveHash ^= hash_in[BIANCO][CAVALLO][57] ^ hash_in[BIANCO][CAVALLO][42];  // b1 keyed on c3
+  CambiaPosizione([](StatoPosizione& s) {
+    s.chiave ^= hash_in[BIANCO][CAVALLO][57] ^ hash_in[BIANCO][CAVALLO][42];  // b1 keyed on c3
+  });
   EXPECT_EQ(Report(), "chiave hash scorretta\n");
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  HashPedoni ^= hash_in[NERO][PEDONE][8];
+  CambiaPosizione([](StatoPosizione& s) { s.pedoni ^= hash_in[NERO][PEDONE][8]; });
   EXPECT_EQ(Report(), "hash pedoni scorretta\n");
 }
 
@@ -192,7 +207,7 @@ TEST_F(GuastiPosizione, DirittiDiArroccoNellaChiaveRicalcolata) {
   for (uint64_t b : bit) {
     SCOPED_TRACE(b);
     ASSERT_TRUE(CaricaFen(FenIniziale));
-    InfoPosizione &= ~b;
+    CambiaPosizione([&](StatoPosizione& s) { s.info &= ~b; });
     EXPECT_EQ(Report(), "chiave hash scorretta\n");
   }
 }

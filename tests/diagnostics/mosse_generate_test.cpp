@@ -11,6 +11,7 @@
 #include "board/fen.h"
 #include "board/mossa.h"
 #include "moves/genera.h"
+#include "moves/legali.h"
 #include "moves/tavole.h"
 
 namespace {
@@ -24,7 +25,7 @@ std::string LeggiFile(const char* nome) {
 
 TEST(MosseGenerate, UnaRigaPerMossaGenerata) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  FineMosseGenerate = genera_TutteLeMosse_del_bianco(BufferMosseGenerate);
+  ChiudiListaMosse(genera_TutteLeMosse_del_bianco(BufferMosseGenerate));
   ASSERT_EQ(FineMosseGenerate - BufferMosseGenerate, 22);
   std::remove("dibag.txt");
   StampaMosseGenerate();
@@ -47,9 +48,8 @@ TEST(MosseGenerate, UnaRigaPerMossaGenerata) {
 
 TEST(MosseGenerate, TipiSconosciutiENomiDelleCase) {
   // A word with an unknown type, and the corners.
-  FineMosseGenerate = BufferMosseGenerate + 2;
-  BufferMosseGenerate[0] = Mossa(0, 63, 61);
-  BufferMosseGenerate[1] = Mossa(63, 0, PROMOZIONE_DONNA + uint64_t(TORRE));
+  const uint64_t parole[] = {Mossa(0, 63, 61), Mossa(63, 0, PROMOZIONE_DONNA + uint64_t(TORRE))};
+  ImpostaListaMosse(parole, 2);
   std::remove("dibag.txt");
   StampaMosseGenerate();
   EXPECT_EQ(LeggiFile("dibag.txt"), "?? a8 h1\npromozione a donna cattura torre h1 a8\n");
@@ -58,10 +58,10 @@ TEST(MosseGenerate, TipiSconosciutiENomiDelleCase) {
 
 TEST(MosseGenerate, IlFileVieneRiscritto) {
   ASSERT_TRUE(CaricaFen("4k3/8/8/8/8/8/8/4K2R w K - 0 1"));
-  FineMosseGenerate = genera_TutteLeMosse_del_bianco(BufferMosseGenerate);
+  ChiudiListaMosse(genera_TutteLeMosse_del_bianco(BufferMosseGenerate));
   StampaMosseGenerate();
   ASSERT_NE(LeggiFile("dibag.txt"), "");
-  FineMosseGenerate = BufferMosseGenerate;
+  ChiudiListaMosse(BufferMosseGenerate);
   StampaMosseGenerate();
   EXPECT_EQ(LeggiFile("dibag.txt"), "");
   std::remove("dibag.txt");

@@ -14,6 +14,7 @@
 #include "moves/registro.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ constexpr const char* PedoneNero = "7k/p7/8/8/8/8/8/4K3 b - - 0 1";
 TEST_F(PercorsiGuasti, GuastoVistoDopoLaMossaFermaIlPercorso) {
   // A spoiled pawn key survives every make: the first one reports it.
   ASSERT_TRUE(CaricaFen(PedoneBianco));
-  HashPedoni ^= 1;
+  CambiaPosizione([](StatoPosizione& s) { s.pedoni ^= 1; });
   EXPECT_EQ(Percorri(2),
             "Errore!\n hash pedoni scorretta\n\nDopoFaiLaMossa 1 sposta pedone, a2a3\n");
   EXPECT_EQ(ContatoreMosse, 1u) << "stopped before the unmake";
@@ -43,7 +44,7 @@ TEST_F(PercorsiGuasti, GuastoVistoDopoLaMossaFermaIlPercorso) {
   EXPECT_EQ(PezzoIn[40] >> 5, uint64_t(PEDONE));
 
   ASSERT_TRUE(CaricaFen(PedoneNero));
-  HashPedoni ^= 1;
+  CambiaPosizione([](StatoPosizione& s) { s.pedoni ^= 1; });
   EXPECT_EQ(Percorri(1),
             "Errore!\n hash pedoni scorretta\n\nDopoFaiLaMossa 2 sposta pedone, a7a6\n");
   EXPECT_EQ(ContatoreMosse, 2u);
@@ -55,7 +56,7 @@ TEST_F(PercorsiGuasti, GuastoVistoSoloDopoIlRitiroFermaIlPercorso) {
   // it back on (and the arrival's), so the moved position checks clean; the
   // unmake toggles it off again, and only the check after it can tell.
   ASSERT_TRUE(CaricaFen(PedoneBianco));
-  btm_bianco ^= 1ull << 48;  // a2
+  CambiaPosizione([](StatoPosizione& s) { s.colore[BIANCO] ^= 1ull << 48; });  // a2
   EXPECT_EQ(Percorri(1),
             "Errore!\n ((BitmapMieiPezzi&btm) != btm) ControllaPosizione_pedone_bianco in a2\n\n"
             "DopoRitiraMossa 1 sposta pedone, a2a3\n");
@@ -64,7 +65,7 @@ TEST_F(PercorsiGuasti, GuastoVistoSoloDopoIlRitiroFermaIlPercorso) {
   EXPECT_EQ(casa_re_bianco, 63u);
 
   ASSERT_TRUE(CaricaFen(PedoneNero));
-  btm_nero ^= 1ull << 8;  // a7
+  CambiaPosizione([](StatoPosizione& s) { s.colore[NERO] ^= 1ull << 8; });  // a7
   EXPECT_EQ(Percorri(1),
             "Errore!\n ((BitmapMieiPezzi&btm) != btm) ControllaPosizione_pedone_nero in a7\n\n"
             "DopoRitiraMossa 2 sposta pedone, a7a6\n");

@@ -5,13 +5,16 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "aiuti_diagnostica.h"
 #include "board/fen.h"
 #include "board/mossa.h"
 #include "diagnostics/controlli.h"
 #include "moves/genera.h"
+#include "moves/legali.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -27,8 +30,9 @@ class Percorsi : public testing::Test {
 
 TEST_F(Percorsi, ProfonditaZeroContaSoloSeStesso) {
   ASSERT_TRUE(CaricaFen(FenIniziale));
-  std::fill(std::begin(BufferMosseGenerate), std::end(BufferMosseGenerate), 0x5A5Aull);
-  FineMosseGenerate = BufferMosseGenerate + 3;
+  const std::vector<uint64_t> segni(DIMENSIONE_BUFFER_MOSSE, 0x5A5Aull);
+  ImpostaListaMosse(segni.data(), segni.size());
+  ChiudiListaMosse(BufferMosseGenerate + 3);
   TestVelocita_del_bianco(0);
   EXPECT_EQ(PosizioniValutate, 1u);
   TestVelocita_del_nero(0);
@@ -109,7 +113,7 @@ TEST_F(Percorsi, MossaRifiutataSenzaControlloNeRicorsione) {
     ASSERT_TRUE(CaricaFen(fen));
     const auto candidati = genera_mosse_del[AlTratto()](BufferMosseGenerate) - BufferMosseGenerate;
     ASSERT_EQ(candidati, 6);
-    HashPedoni ^= 1;
+    CambiaPosizione([](StatoPosizione& s) { s.pedoni ^= 1; });
     const Istantanea prima = Fotografa();
     PosizioniValutate = 0;
     Percorri(2);

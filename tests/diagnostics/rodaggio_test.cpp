@@ -1,11 +1,11 @@
-// A short run of the soak (bench/rodaggio.h; `make bench` plays 10,000
+// A short run of the soak (tests/comune/supporto/rodaggio.h; `make bench` plays 10,000
 // games): random games through the typed-move road with the position
 // self-check after every make and unmake, and no report but the kept
 // castling keys.
 #include <gtest/gtest.h>
 
 #include "piattaforma/memoria/memoria.h"
-#include "rodaggio.h"
+#include "supporto/rodaggio.h"
 
 namespace {
 

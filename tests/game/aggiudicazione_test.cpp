@@ -9,10 +9,12 @@
 #include "board/geometria.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/tabelle.h"
-#include "comune/toni.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
+#include "supporto/tabelle.h"
+#include "verifiche/aggiudicazione.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 
@@ -26,53 +28,11 @@ const std::string CommentoIniziale = CommentoRisultato;
 
 constexpr unsigned DOMANDA = MB_YESNO;
 constexpr unsigned AVVISO = MB_OK | MB_ICONINFORMATION;
-constexpr int MINUTO = 60000;
 
-// The clock redraws its state line once when it stops; nothing else in these
-// tests starts or stops it.
-int ChiamateFermaOrologio = 0;
+using verifiche::ChiamateFermaOrologio;
+using verifiche::MINUTO;
 
-class Aggiudicazione : public ::testing::Test {
- protected:
-  void SetUp() override {
-    InizializzaTabelleUnaVolta();
-    memoria::Azzera();
-    DopoFinestra = nullptr;
-    RevocaAggiudicazione();
-    InMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = MINUTO;
-    ChiamateFermaOrologio = 0;
-    SchermoDellOrologio = {};
-    SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
-    Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
-  }
-  void TearDown() override { SchermoDellOrologio = {}; }
-
-  static void Carica(const char* fen) {
-    SvuotaScacchiera();
-    ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;
-  }
-
-  static void StatoE(const std::string& result, const std::string& termination,
-                     const std::string& commento) {
-    EXPECT_EQ(std::string(Result), result);
-    EXPECT_EQ(std::string(Termination), termination);
-    EXPECT_EQ(std::string(CommentoRisultato), commento);
-  }
-  static void Aperta() {
-    StatoE("*", "?", "");
-    EXPECT_FALSE(PartitaAggiudicata());
-  }
-
-  // Exactly one box, with this text and style, titled "Attenzione!".
-  static void UnaFinestra(const std::string& testo, unsigned stile) {
-    const auto& finestre = memoria::Finestre();
-    ASSERT_EQ(finestre.size(), 1u);
-    EXPECT_EQ(finestre[0].testo, testo);
-    EXPECT_EQ(finestre[0].titolo, "Attenzione!");
-    EXPECT_EQ(finestre[0].stile, stile);
-  }
-};
+class Aggiudicazione : public verifiche::AmbienteAggiudicazione {};
 
 // ---------------------------------------------------------------------------
 // The status buffers.
@@ -104,7 +64,7 @@ TEST_F(Aggiudicazione, AggiudicaTroncaAllaCapienza) {
 }
 
 TEST_F(Aggiudicazione, AggiudicaConLOrologioInMotoLoFerma) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   Aggiudica("checkmate", "scaccomatto", "0-1");
   EXPECT_EQ(ChiamateFermaOrologio, 1);
   EXPECT_EQ(InMoto, 0u);
@@ -211,11 +171,11 @@ TEST_F(Aggiudicazione, LaCadutaValutaIlMaterialeEIlTempoDellAltro) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
   EXPECT_EQ(ValutaCaduta(NERO), DecisioneCaduta::Patta);
-  TempoRimasto[NERO] = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 1; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::Sconfitta);
-  TempoRimasto[NERO] = 0;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 0; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
-  TempoRimasto[NERO] = -500;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = -500; });
   EXPECT_EQ(ValutaCaduta(BIANCO), DecisioneCaduta::EntrambeLeBandierine);
   EXPECT_TRUE(memoria::Finestre().empty());
   EXPECT_TRUE(memoria::Toni().empty());
@@ -228,7 +188,7 @@ TEST_F(Aggiudicazione, LeAggiudicazioniDellaCaduta) {
   StatoE("1-0", "time forfeit", "al nero e' finito il tempo");
   AggiudicaCaduta(NERO, DecisioneCaduta::Patta);
   StatoE("1/2-1/2", "time forfeit", "al nero e' finito il tempo");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   AggiudicaCaduta(BIANCO, DecisioneCaduta::EntrambeLeBandierine);
   StatoE("1/2-1/2", "both flags fallen", "Ad entrambi finisce il tempo");
   EXPECT_EQ(InMoto, 0u);

@@ -15,16 +15,17 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/arbitro.h"
-#include "comune/istantanea.h"
-#include "comune/partite_a_caso.h"
-#include "comune/tabelle.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/arbitro.h"
+#include "supporto/istantanea.h"
+#include "supporto/partite_a_caso.h"
+#include "supporto/stati.h"
+#include "supporto/tabelle.h"
 
 using namespace piattaforma::win32;
 
@@ -132,9 +133,9 @@ class AmbientePartita : public ::testing::Test {
   void SetUp() override {
     InizializzaTabelleUnaVolta();
     memoria::Azzera();
-    DopoFinestra = nullptr;
-    SchermoDellOrologio = {};
-    InMoto = 0;
+    InstallaDopoFinestra(nullptr);
+    InstallaSchermoOrologio({});
+    SegnaOrologioInMoto(false);
     Esiti.clear();
     AccettaLeCinquantaMosse = false;
     RevocaAggiudicazione();

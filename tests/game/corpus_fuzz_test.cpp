@@ -1,4 +1,4 @@
-// Replays the committed corpus of the move-text fuzzer (fuzz/mossa_prova.h)
+// Replays the committed corpus of the move-text fuzzer (tests/comune/supporto/mossa_prova.h)
 // through the game record of the normal build: every text read, played,
 // written, taken back and typed again as written without harm.
 #include <gtest/gtest.h>
@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <string>
 
-#include "comune/corpus.h"
-#include "mossa_prova.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/corpus.h"
+#include "supporto/mossa_prova.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <string>
 
 #include "ambiente_partita.h"
-#include "clock/cadenza.h"
-#include "comune/corpus.h"
+#include "clock/orologio.h"
 #include "game/giornale.h"
 #include "settings/parametri.h"
+#include "supporto/corpus.h"
 
 namespace {
 
@@ -29,10 +29,7 @@ TEST_F(CorpusGiornale, OgniGiornaleDelCorpusSiLeggeSenzaDanni) {
       memoria::Azzera();
       SospendiGiornale();
       DefaultIni();
-      InMoto = 0;
-      PrimaVoltaInMoto = 0;
-      TempoRimasto[0] = TempoRimasto[1] = 7200000;
-      AzzeraTempoUTC();
+      CaricaTempoDaiParametri();
       AmbientePartita::Nuova(FenIniziale);
     };
     Nuova();

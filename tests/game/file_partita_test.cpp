@@ -10,12 +10,13 @@
 #include "board/posizione.h"
 #include "clock/cadenza.h"
 #include "clock/orologio.h"
-#include "comune/pgn_extract.h"
-#include "comune/testo.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/parametri.h"
+#include "supporto/stati.h"
+#include "supporto/testo.h"
+#include "verifiche/pgn_extract.h"
 
 namespace {
 
@@ -60,19 +61,19 @@ class FilePartita : public ::testing::Test {
 
   static void Ricomincia() {
     memoria::Azzera();
-    InMoto = 0;
+    SegnaOrologioInMoto(false);
     RevocaAggiudicazione();
     AzzeraTempoUTC();
     DefaultIni();
     ImpostaCadenzaPartita(CadenzaDaiParametri());
-    ContatoreMosse = 0;
+    PortaAllaSemimossa(0);
     std::memset(ElencoStringaMossa, 0, sizeof ElencoStringaMossa);
   }
 
   // The moves as the notation writes them, one slot a ply from slot 1.
   static void Gioca(std::initializer_list<const char*> mosse) {
     for (const char* mossa : mosse) {
-      ++ContatoreMosse;
+      PortaAllaSemimossa(ContatoreMosse + 1);
       const size_t lunghezza = std::min(std::strlen(mossa), size_t(LUNGHEZZA_STRINGA_MOSSA - 1));
       std::memcpy(ElencoStringaMossa[ContatoreMosse], mossa, lunghezza);
       ElencoStringaMossa[ContatoreMosse][lunghezza] = 0;
@@ -133,10 +134,10 @@ TEST_F(FilePartita, NoveMosseLaNonaApreLaSecondaRiga) {
 }
 
 TEST_F(FilePartita, PartitaCheFinisceSullaMossaDelBianco) {
-  ParametroIni[PARAMETRO_PERIODI].valore = 2;
-  ParametroIni[PARAMETRO_MOSSE_PRIMO_PERIODO].valore = 40;
-  ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore = 120;
-  ParametroIni[PARAMETRO_TEMPO_SECONDO_PERIODO].valore = 30;
+  ImpostaParametro(PARAMETRO_PERIODI, 2);
+  ImpostaParametro(PARAMETRO_MOSSE_PRIMO_PERIODO, 40);
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 120);
+  ImpostaParametro(PARAMETRO_TEMPO_SECONDO_PERIODO, 30);
   ImpostaCadenzaPartita(CadenzaDaiParametri());
   Gioca({"d4", "d5", "c4", "e6", "Nc3", "Nf6", "Bg5", "Be7", "e3", "0-0", "Nf3", "Nbd7", "Rc1",
          "c6", "Bd3", "dxc4", "Bxc4"});
@@ -258,7 +259,7 @@ TEST_F(FilePartita, OgniTerminazioneComeLAggiudicazioneLaScrive) {
 
 TEST_F(FilePartita, SedicesimaMossaChiudeLaSecondaRigaLaDiciassettesimaApreLaTerza) {
   for (int m = 0; m < 9; ++m) Gioca({"Nf3", "Nf6", "Ng1", "Ng8"});
-  ContatoreMosse = 33;  // 17 full moves less Black's last
+  PortaAllaSemimossa(33);  // 17 full moves less Black's last
   Salva();
   EXPECT_EQ(Pgn(),
             SulDisco(Etichette("?", "*", "?", "?", "7200", 33) +

@@ -75,13 +75,7 @@ class Giornale : public AmbientePartita {
   }
   void TearDown() override { SospendiGiornale(); }
 
-  static void Orologio() {
-    InMoto = 0;
-    PrimaVoltaInMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = 7200000;
-    AzzeraTempoUTC();
-    ImpostaCadenzaPartita(CadenzaDaiParametri());
-  }
+  static void Orologio() { CaricaTempoDaiParametri(); }
 
   // The fresh game the console starts before it reads a journal.
   static void Riparti() {
@@ -153,14 +147,14 @@ TEST_F(Giornale, RitiroEsitoERevocaHannoIlLoroRecordLeImpostazioniNo) {
   RevocaAggiudicazione();
   AggiornaGiornale();
   // A setting changed during the game is the next game's: nothing to keep.
-  ParametroIni[PARAMETRO_PERIODI].valore = 2;
+  ImpostaParametro(PARAMETRO_PERIODI, 2);
   AggiornaGiornale();
   const auto righe = Righe(Contenuto());
   ASSERT_EQ(righe.size(), 8u);
   EXPECT_EQ(righe[5] + "\n", Riga("R 20261123T090507Z 1"));
   EXPECT_EQ(righe[6] + "\n", Riga("E 20261123T090507Z 1/2-1/2|By agreement|Patta d'accordo"));
   EXPECT_EQ(righe[7] + "\n", Riga("E 20261123T090507Z *|?|"));
-  ParametroIni[PARAMETRO_PERIODI].valore = 1;
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
 }
 
 TEST_F(Giornale, LaPromozioneScriveLaSuaLettera) {

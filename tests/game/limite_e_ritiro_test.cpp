@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "ambiente_partita.h"
+#include "moves/legali.h"
 #include "moves/registro.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -29,7 +31,7 @@ TEST_F(LimiteSemimosse, UltimaSemimossaEIlTesto) {
 
 TEST_F(LimiteSemimosse, LaPartitaSiFermaAllUltimaSemimossa) {
   const char* const giro[4] = {"Nf3", "Nf6", "Ng1", "Ng8"};
-  ElencoMosse[MAX_SEMIMOSSE - 1] = 0;
+  CambiaPosizione([](StatoPosizione& p) { p.elenco[MAX_SEMIMOSSE - 1] = 0; });
   while (ContatoreMosse < ULTIMA_SEMIMOSSA) {
     ASSERT_FALSE(PartitaCompleta()) << ContatoreMosse;
     // Every fourth ply repeats; the arbiter revokes and play goes on.
@@ -145,8 +147,8 @@ TEST_F(NuovoRecord, AzzeraLeRipetizioniEGeneraLeMosse) {
   ASSERT_EQ(Ripetizioni, 2u);
   SvuotaScacchiera();
   ASSERT_EQ(CaricaPosizioneDaStringaFen(FenIniziale), 1);
-  backup_ChiaveHash[0] = 0;
-  FineMosseGenerate = BufferMosseGenerate;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[0] = 0; });
+  ChiudiListaMosse(BufferMosseGenerate);
   AzzeraPartita();
   EXPECT_EQ(Ripetizioni, 0u);
   EXPECT_EQ(FraseRipetizioni(), "la posizione corrente e' quella iniziale");

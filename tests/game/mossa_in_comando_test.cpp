@@ -9,6 +9,7 @@
 #include "clock/cadenza.h"
 #include "moves/registro.h"
 #include "settings/parametri.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ TEST_F(MossaInComando, LeVentiMosseIniziali) {
 
 TEST_F(MossaInComando, LeChiaviDelPlySonoRegistrate) {
   Nuova("4k3/8/8/8/8/8/4P3/4K3 w - - 7 1");
-  backup_ChiaveHash[0] = backup_HashPedoni[0] = backup_InfoPosizione[0] = 0;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[0] = r.pedoni[0] = r.info[0] = 0; });
   GeneraMosseLegali();
   EXPECT_EQ(backup_ChiaveHash[0], ChiaveHash);
   EXPECT_EQ(backup_HashPedoni[0], HashPedoni);
@@ -260,13 +261,15 @@ TEST_F(MossaInComando, ConLOrologioFermoNonSiPremeNulla) {
 
 TEST_F(MossaInComando, ConLOrologioInMotoSiPremePerChiHaMosso) {
   DefaultIni();
-  ParametroIni[PARAMETRO_PERIODI].valore = 1;
-  ParametroIni[PARAMETRO_INCREMENTO_PRIMO_PERIODO].valore = 2;
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 2);
   ImpostaCadenzaPartita(CadenzaDaiParametri());
-  TempoRimasto[0] = TempoRimasto[1] = 60000;
   memoria::ImpostaMillisecondi(100000);
-  InizioTempo = Adesso();
-  InMoto = 1;
+  CambiaOrologio([](StatoOrologio& s) {
+    s.tempo[0] = s.tempo[1] = 60000;
+    s.inizio = Adesso();
+    s.in_moto = 1;
+  });
 
   memoria::AvanzaMillisecondi(7000);
   EXPECT_EQ(Gioca("e4"), "e4");
@@ -284,7 +287,7 @@ TEST_F(MossaInComando, ConLOrologioInMotoSiPremePerChiHaMosso) {
   EXPECT_EQ(Gioca("e5"), "");
   EXPECT_EQ(TempoRimasto[0], 55000);
   EXPECT_EQ(TempoRimasto[1], 59000);
-  InMoto = 0;
+  SegnaOrologioInMoto(false);
   DefaultIni();
   ImpostaCadenzaPartita(CadenzaDaiParametri());
 }

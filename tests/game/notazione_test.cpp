@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "ambiente_partita.h"
+#include "moves/legali.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -68,7 +70,9 @@ TEST_F(Notazione, LErroreDiDisambiguaMostraIlMessaggioEScriveComunque) {
   ASSERT_EQ(LeggiDettagliMossaDaComando("Nd4"), 1);
   const uint64_t mossa = FaiMossaInComando();
   ASSERT_EQ(mossa, Mossa(Casa("f3"), Casa("d4"), SPOSTA_CAVALLO));
-  *FineMosseGenerate++ = mossa;
+  std::vector<uint64_t> doppia(BufferMosseGenerate, FineMosseGenerate);
+  doppia.push_back(mossa);
+  ImpostaListaMosse(doppia.data(), doppia.size());
   Annota(mossa);
   EXPECT_EQ(std::string(ElencoStringaMossa[1]), "f3d4");
   EXPECT_EQ(Esiti, std::vector<std::string>{"disambigua"});
@@ -173,7 +177,7 @@ TEST_F(FinePartita, Stallo) {
 }
 
 TEST_F(FinePartita, MattoConLOrologioInMotoLoFerma) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   EXPECT_EQ(GiocaRevocando({"f3", "e5", "g4", "Qh4"}), "f3 e5 g4 Qh4#");
   EXPECT_EQ(InMoto, 0u);
 }

@@ -14,9 +14,10 @@
 #include <vector>
 
 #include "ambiente_partita.h"
-#include "comune/partite_a_caso.h"
 #include "game/file_partita.h"
 #include "moves/registro.h"
+#include "supporto/partite_a_caso.h"
+#include "verifiche/pgn_extract.h"
 
 namespace {
 
@@ -192,7 +193,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
         }
         return;
       }
-      if (RitiriACaso([this] { Ritira(); })) {
+      if (RitiriACaso([this] { Ritira(); }, HasFatalFailure)) {
         if (HasFatalFailure()) return;
         continue;
       }
@@ -212,7 +213,7 @@ TEST_F(PartiteCasuali, DuecentoPartiteDallaPosizioneIniziale) {
     ASSERT_LT(lunghezza, sizeof pgn) << "seme " << seme;
     file_partite.append(pgn, lunghezza);
   }
-  partite_a_caso::LettePgnExtract(file_partite, PARTITE);
+  pgn_extract::LettePartite(file_partite, PARTITE);
   // Every way a game ends was met.
   EXPECT_GT(finali[MATTO], 0);
   EXPECT_GT(finali[STALLO], 0);

@@ -8,6 +8,7 @@
 
 #include "ambiente_partita.h"
 #include "moves/registro.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ TEST_F(Ripetizione, QuelleDopoDueMosseNominaPrimaLaPiuVecchia) {
 TEST_F(Ripetizione, DueMossePrimaNonSiGuarda) {
   // Only plies n - 4, n - 6, ... are compared.
   EXPECT_EQ(GiocaRevocando({"Nf3", "Nf6", "Ng1", "Ng8"}), "Nf3 Nf6 Ng1 Ng8");
-  backup_ChiaveHash[2] = ChiaveHash;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[2] = ChiaveHash; });
   ScansionaRipetizioni();
   EXPECT_EQ(Ripetizioni, 1u);
   EXPECT_EQ(PosizioneRipetuta[0], 0u);
@@ -77,7 +78,7 @@ TEST_F(Ripetizione, UnaMossaDiPedoneNascondeLeOccorrenzePrecedenti) {
   EXPECT_EQ(GiocaRevocando({"e4", "e5", "Nf3", "Nf6", "Ng1", "Ng8"}), "e4 e5 Nf3 Nf6 Ng1 Ng8");
   ASSERT_EQ(Semimosse(InfoPosizione), 4u);
   // A key planted before the last pawn move is never looked at.
-  backup_ChiaveHash[0] = ChiaveHash;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[0] = ChiaveHash; });
   ScansionaRipetizioni();
   EXPECT_EQ(Ripetizioni, 1u);
   EXPECT_EQ(PosizioneRipetuta[0], 2u);
@@ -90,7 +91,7 @@ TEST_F(Ripetizione, UnaCatturaAzzeraLaRicerca) {
   EXPECT_EQ(GiocaRevocando({"Rxa2", "Kd7", "Ra1", "Ke8"}), "Rxa2 Kd7 Ra1 Ke8");
   EXPECT_EQ(Ripetizioni, 0u);
   EXPECT_EQ(FraseRipetizioni(), "la posizione corrente non si e' mai verificata prima");
-  backup_ChiaveHash[4] = backup_ChiaveHash[0] = ChiaveHash;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[4] = r.chiave[0] = ChiaveHash; });
   ScansionaRipetizioni();
   EXPECT_EQ(Ripetizioni, 0u);
 }
@@ -131,11 +132,11 @@ TEST_F(Ripetizione, PartitaIniziataColNero) {
 TEST_F(Ripetizione, UnaPosizioneCaricataConMosseReversibiliNonGuardaFuoriPartita) {
   // The clock of the text counts plies that this game never recorded.
   Nuova("4k3/8/8/8/8/8/8/R3K3 b - - 40 1");
-  backup_ChiaveHash[0] = ChiaveHash ^ 1;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[0] = ChiaveHash ^ 1; });
   EXPECT_EQ(GiocaRevocando({"Kd7", "Ra2", "Ke8", "Ra1"}), "Kd7 Ra2 Ke8 Ra1");
   EXPECT_EQ(GiocaRevocando({"Kd7", "Ra2", "Ke8"}), "Kd7 Ra2 Ke8");
   // Ply 8 equals ply 4; ply 0 is not this game's, whatever it holds.
-  backup_ChiaveHash[0] = ChiaveHash;
+  CambiaRegistro([](StatoRegistro& r) { r.chiave[0] = ChiaveHash; });
   ScansionaRipetizioni();
   EXPECT_EQ(Ripetizioni, 1u);
   EXPECT_EQ(PosizioneRipetuta[0], 4u);

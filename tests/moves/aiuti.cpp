@@ -5,11 +5,11 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/mossa.h"
-#include "comune/tabelle.h"
 #include "diagnostics/perft.h"
 #include "moves/genera.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
+#include "supporto/tabelle.h"
 
 bool Carica(const char* fen) {
   InizializzaTabelleUnaVolta();

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "board/posizione.h"
-#include "comune/istantanea.h"
+#include "supporto/istantanea.h"
 
 // Square number from its name, "a8" = 0 ... "h1" = 63.
 constexpr uint64_t Casa(const char* nome) {

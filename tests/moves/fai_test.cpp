@@ -11,6 +11,7 @@
 #include "board/mossa.h"
 #include "moves/fai.h"
 #include "moves/registro.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -353,7 +354,8 @@ TEST(FaiMossa, ContatoreSemimosseFermoA127PerOgniMossaCheLoAumenta) {
     const uint64_t chiave = ChiaveHash;
     for (uint64_t prima : {126u, 127u}) {
       ASSERT_TRUE(Carica(fen));
-      InfoPosizione = (InfoPosizione & ~MASCHERA_SEMIMOSSE) | prima;
+      CambiaPosizione(
+          [prima](StatoPosizione& p) { p.info = (p.info & ~MASCHERA_SEMIMOSSE) | prima; });
       FaiEControlla(mossa);
       EXPECT_EQ(Semimosse(InfoPosizione), 127u);
       EXPECT_EQ(InfoPosizione & MASCHERA_DIRITTI, diritti);

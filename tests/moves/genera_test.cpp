@@ -10,6 +10,7 @@
 #include "board/mossa.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -200,7 +201,7 @@ TEST(Generazione, EnPassantSoloColPermesso) {
   ASSERT_NE(Trova("e4d3"), 0u);
   EXPECT_EQ(TipoMossa(Trova("e4d3")), CATTURA_ENPASSANT);
   // The last move is still the double step, but without the bit nothing.
-  InfoPosizione &= ~PERMESSO_ENPASSANT;
+  CambiaPosizione([](StatoPosizione& p) { p.info &= ~PERMESSO_ENPASSANT; });
   ASSERT_EQ(Candidate().size(), 6u);  // e4-e3 and the king's five steps
   for (uint64_t m : Candidate()) EXPECT_NE(TipoMossa(m), CATTURA_ENPASSANT) << Coordinate(m);
   // A double step with no pawn beside it gives no permission.

@@ -10,6 +10,7 @@
 #include "moves/genera.h"
 #include "moves/registro.h"
 #include "moves/tavole.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -54,7 +55,7 @@ TEST(SemimosseDopoLeCatture, AncheDaCentoventisette) {
   for (const Caso& caso : Catture) {
     SCOPED_TRACE(std::string(caso.fen) + " " + caso.mossa);
     ASSERT_TRUE(Carica(caso.fen));
-    InfoPosizione |= MASCHERA_SEMIMOSSE;
+    CambiaPosizione([](StatoPosizione& p) { p.info |= MASCHERA_SEMIMOSSE; });
     const uint64_t m = Trova(caso.mossa);
     ASSERT_NE(m, 0u);
     ASSERT_EQ(Fai(m), 1);

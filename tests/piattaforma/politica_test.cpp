@@ -7,10 +7,10 @@
 #include <cstring>
 #include <string>
 
-#include "console/politica_interfaccia.h"
 #include "piattaforma/memoria/memoria.h"
 #include "piattaforma/terminale/rifiuto.h"
 #include "piattaforma/terminale/riquadro.h"
+#include "politica_prova.h"
 
 namespace {
 
@@ -36,16 +36,6 @@ std::string Rifiuto(RifiutoTerminale motivo, const char* tipo,
   return riga;
 }
 
-TEST(PoliticaTesti, EtichetteDelProgramma) {
-  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
-  EXPECT_STREQ(EtichettaPulsante(IDOK, politica), "OK");
-  EXPECT_STREQ(EtichettaPulsante(IDYES, politica), "S\xC3\xAC");
-  EXPECT_STREQ(EtichettaPulsante(IDNO, politica), "No");
-  EXPECT_STREQ(EtichettaPulsante(IDCANCEL, politica), "Annulla");
-  EXPECT_EQ(LarghezzaPulsante(IDYES, politica), 6);
-  EXPECT_EQ(LarghezzaPulsante(IDCANCEL, politica), 11);
-}
-
 TEST(PoliticaTesti, EtichetteNeutreInAscii) {
   const PoliticaInterfaccia neutra;
   for (int risposta : {IDOK, IDYES, IDNO, IDCANCEL}) {
@@ -64,7 +54,7 @@ TEST(PoliticaTesti, EtichetteNeutreInAscii) {
 }
 
 TEST(PoliticaTesti, IlRiquadroSiMisuraSulleEtichette) {
-  PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
+  PoliticaInterfaccia politica = PoliticaDiProva();
   Impaginazione imp;
   ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp, politica);
   EXPECT_EQ(imp.larghezza_testo, 29);  // "[ Sì ]   [ No ]   [ Annulla ]"
@@ -83,17 +73,6 @@ TEST(PoliticaTesti, IlRiquadroSiMisuraSulleEtichette) {
   memoria::Azzera();
 }
 
-TEST(PoliticaTesti, RigaDelleDimensioniDelProgramma) {
-  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
-  EXPECT_EQ(Dimensioni(79, 44, politica),
-            "Finestra troppo piccola (79 x 44): servono almeno 80 colonne e 44 righe.");
-  EXPECT_EQ(Dimensioni(40, 10, politica), "Servono almeno 80 colonne e 44 righe.");
-  EXPECT_EQ(Dimensioni(30, 10, politica), "Servono 80x44 caratteri.");
-  EXPECT_EQ(Dimensioni(10, 3, politica), "80x44");
-  EXPECT_EQ(Dimensioni(3, 1, politica), "80x");
-  EXPECT_EQ(Dimensioni(0, 0, politica), "");
-}
-
 TEST(PoliticaTesti, RigaDelleDimensioniNeutraSoloCifre) {
   const PoliticaInterfaccia neutra;
   EXPECT_EQ(Dimensioni(79, 44, neutra), "80x44");
@@ -106,21 +85,6 @@ TEST(PoliticaTesti, RigaDelleDimensioniNeutraSoloCifre) {
     return true;
   };
   EXPECT_EQ(Dimensioni(79, 44, larga), "80x44");
-}
-
-TEST(PoliticaTesti, RifiutiDelProgramma) {
-  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
-  const std::string serve = "Pendrino ha bisogno di un terminale che sappia spostare il cursore";
-  EXPECT_EQ(Rifiuto(RifiutoTerminale::NessunTerminale, "", politica),
-            "Pendrino va avviato in un terminale.");
-  EXPECT_EQ(Rifiuto(RifiutoTerminale::SenzaTipo, "", politica),
-            serve + ", ma la variabile TERM non \xC3\xA8 impostata.");
-  EXPECT_EQ(Rifiuto(RifiutoTerminale::TipoSconosciuto, "nonesiste-xyz", politica),
-            serve + ", ma il terminale TERM=nonesiste-xyz non \xC3\xA8 conosciuto.");
-  EXPECT_EQ(Rifiuto(RifiutoTerminale::SenzaCursore, "dumb", politica),
-            serve + ", ma TERM=dumb non sa farlo.");
-  EXPECT_EQ(Rifiuto(RifiutoTerminale::NonAperto, "vt52", politica),
-            "Pendrino non conosce questo terminale (TERM=vt52).");
 }
 
 TEST(PoliticaTesti, RifiutiNeutriInAsciiConIlTipo) {
@@ -138,21 +102,10 @@ TEST(PoliticaTesti, RifiutiNeutriInAsciiConIlTipo) {
   }
   // Cut to its room, always ended.
   char corto[8];
-  ComponiRifiuto(RifiutoTerminale::SenzaCursore, "dumb", corto, sizeof corto,
-                 PoliticaInterfacciaPendrino());
+  ComponiRifiuto(RifiutoTerminale::SenzaCursore, "dumb", corto, sizeof corto, neutra);
   EXPECT_EQ(std::strlen(corto), 7u);
   ComponiRifiuto(RifiutoTerminale::SenzaCursore, nullptr, corto, sizeof corto, neutra);
   EXPECT_LT(std::strlen(corto), 8u);
-}
-
-TEST(PoliticaTesti, LaPoliticaDelProgrammaHaTuttiITesti) {
-  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
-  EXPECT_NE(politica.etichetta_ok, nullptr);
-  EXPECT_NE(politica.etichetta_si, nullptr);
-  EXPECT_NE(politica.etichetta_no, nullptr);
-  EXPECT_NE(politica.etichetta_annulla, nullptr);
-  EXPECT_NE(politica.componi_rifiuto, nullptr);
-  EXPECT_NE(politica.forma_dimensioni, nullptr);
 }
 
 }  // namespace

@@ -12,11 +12,11 @@
 #include <utility>
 #include <vector>
 
-#include "comune/testo.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
 #include "settings/lettore_ini.h"
 #include "settings/parametri.h"
+#include "supporto/testo.h"
 
 using namespace piattaforma::win32;
 
@@ -180,7 +180,7 @@ class AmbienteParametri : public ::testing::Test {
   void SetUp() override {
     memoria::Azzera();
     SvuotaMessaggio();
-    DopoFinestra = nullptr;
+    InstallaDopoFinestra(nullptr);
     DefaultIni();
   }
 };

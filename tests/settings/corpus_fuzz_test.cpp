@@ -9,7 +9,7 @@
 #include <string>
 
 #include "ambiente_parametri.h"
-#include "comune/corpus.h"
+#include "supporto/corpus.h"
 
 namespace {
 

@@ -115,7 +115,7 @@ TEST_F(Tabella, AvvisoDelValoreErratoIgnoraUnaRigaInesistente) {
 TEST_F(Tabella, AvvisoDelValoreErratoEseguePoiIlRitornoDelFuoco) {
   static int chiamate;
   chiamate = 0;
-  DopoFinestra = [] { ++chiamate; };
+  InstallaDopoFinestra([] { ++chiamate; });
   AvisaValoreIniErrato(PARAMETRO_ALLARME1 + 1);
   EXPECT_EQ(chiamate, 1);
   EXPECT_EQ(ini::Avvisi(), std::vector<std::string>{ini::ValoreErrato(8)});

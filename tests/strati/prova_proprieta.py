@@ -6,10 +6,13 @@ the global, and the copy without it must not name that file.
   prova_proprieta.py CONTROLLO RADICE
 """
 import os
-import shutil
 import subprocess
 import sys
 import tempfile
+
+sys.dont_write_bytecode = True  # nothing written into the source tree
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from copia_albero import CopiaSorgenti  # noqa: E402
 
 controllo, radice = sys.argv[1:3]
 
@@ -25,6 +28,12 @@ PIANTATI = [
      "writes ContatoreMosse, which src/board owns"),
     ("fuzz/piantato.cpp", "void F() { CopiaLimitata(Result, 8, \"1-0\"); }\n",
      "writes Result, which src/game owns"),
+    # The board's inline names for a part of its tables, from a fuzzer and
+    # from the shared test support.
+    ("fuzz/alias_piantato.cpp", "void F() { casa_re_nero = 4; }\n",
+     "writes casa_re_nero, which src/board owns"),
+    ("tests/comune/supporto/piantato.cpp", "void F() { btm_bianco ^= 1ull << 60; }\n",
+     "writes btm_bianco, which src/board owns"),
 ]
 
 
@@ -33,11 +42,7 @@ def esegui(cartella):
 
 
 with tempfile.TemporaryDirectory() as cartella:
-    for parte in ("src", "tests", "bench", "fuzz", "tools"):
-        sorgente = os.path.join(radice, parte)
-        if os.path.isdir(sorgente):
-            shutil.copytree(sorgente, os.path.join(cartella, parte),
-                            ignore=shutil.ignore_patterns("__pycache__", "corpus"))
+    CopiaSorgenti(radice, cartella)
     for nome, testo, atteso in PIANTATI:
         percorso = os.path.join(cartella, nome)
         with open(percorso, "w") as f:
@@ -52,6 +57,7 @@ with tempfile.TemporaryDirectory() as cartella:
     permessi = [
         ("src/clock/piantato.cpp", "void F() { InMoto = 0; }\n"),
         ("tests/clock/piantato_test.cpp", "void F() { TempoRimasto[0] = 1; }\n"),
+        ("tests/board/alias_test.cpp", "void F() { materiale_del_nero += 1; }\n"),
         ("src/moves/fai.cpp", None),
         ("tests/game/locale_test.cpp", "void F() { int InMoto = 0; InMoto = 1; }\n"),
     ]

@@ -279,7 +279,7 @@ def prova_tasti_e_riquadro(file_da_vedere):
 
     # Too small, then large enough again: everything redrawn.
     t.ridimensiona(20, 60)
-    t.attendi(lambda: "Servono almeno 80 colonne e 44 righe." in t.riga(10), "size line")
+    t.attendi(lambda: "Prova: 80 colonne e 44 righe, ora 60 x 20." in t.riga(10), "size line")
     controlla(not t.contiene("Pendrino prova"), "screen hidden while too small")
     t.ridimensiona(44, 80)
     t.attendi(lambda: "Pendrino prova" in t.riga(0) and "ultima riga" in t.riga(43)
@@ -318,7 +318,7 @@ def prova_tasti_e_riquadro(file_da_vedere):
     controlla(t.riga(y)[x:].startswith("Prima riga del testo"),
               "cursor at the box text on the small terminal: %r" % ((x, y),))
     t.invia("n")
-    t.attendi(lambda: t.contiene("Servono almeno 80 colonne e 44 righe."),
+    t.attendi(lambda: t.contiene("Prova: 80 colonne e 44 righe"),
               "size line after the box answered")
     t.ridimensiona(44, 80)
     t.attendi(lambda: ("risposta %d: 7" % numero) in t.riga(3), "box answered while small")
@@ -462,7 +462,8 @@ def prova_sospensione():
 def prova_senza_terminale():
     esito = subprocess.run([PROGRAMMA], stdin=subprocess.DEVNULL, capture_output=True, timeout=10)
     controlla(esito.returncode == 1, "no terminal: exit code %r" % esito.returncode)
-    controlla(b"terminale" in esito.stderr, "no terminal: said so: %r" % esito.stderr)
+    controlla(b"Prova: nessun terminale adatto" in esito.stderr,
+              "no terminal: said so: %r" % esito.stderr)
 
 
 def main():

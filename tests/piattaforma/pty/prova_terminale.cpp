@@ -8,8 +8,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "console/politica_interfaccia.h"
 #include "piattaforma/piattaforma.h"
+#include "politica_prova.h"
 
 using namespace piattaforma;
 
@@ -25,8 +25,8 @@ void ScriviRiga(int y, const char* testo) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // The program's own prefix tones and answer letters, as the script expects.
-  InstallaPoliticaInterfaccia();
+  // The answer letters the script types: those of Italian boxes.
+  ImpostaPoliticaInterfaccia(PoliticaDiProva());
   ImpostaTitolo("Prova1.0");
   ApriConsole();
   DimensionaFinestra();

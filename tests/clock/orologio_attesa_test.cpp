@@ -71,9 +71,9 @@ TEST_F(OrologioAttesa, ContaIlLatoAlTratto) {
   InizioTempo = Adesso();
   TempoRimasto[0] = 60000;
   TempoRimasto[1] = 30300;
-  ContatoreMosse = 0;
+  PortaAllaSemimossa(0);
   EXPECT_EQ(AttesaProssimoSecondo(), 1000);
-  ContatoreMosse = 7;
+  PortaAllaSemimossa(7);
   EXPECT_EQ(AttesaProssimoSecondo(), 300);
 }
 

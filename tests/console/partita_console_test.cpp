@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "comune/istantanea.h"
 #include "partita_da_tastiera.h"
 #include "piattaforma/terminale/decodifica.h"
+#include "supporto/istantanea.h"
 
 namespace {
 

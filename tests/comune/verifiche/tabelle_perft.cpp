@@ -1,4 +1,4 @@
-#include "comune/tabelle_perft.h"
+#include "verifiche/tabelle_perft.h"
 
 #include <gtest/gtest.h>
 

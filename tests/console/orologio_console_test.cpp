@@ -12,6 +12,7 @@
 #include "console/avvio.h"
 #include "game/aggiudicazione.h"
 #include "settings/parametri.h"
+#include "supporto/stati.h"
 
 using namespace piattaforma::win32;
 
@@ -110,9 +111,9 @@ TEST_F(OrologioConsole, AvvioDisegnaScacchieraEPannelli) {
 }
 
 TEST_F(OrologioConsole, LeImpostazioniLetteAllAvvioValgonoPerLaPartita) {
-  ParametroIni[PARAMETRO_PERIODI].valore = 2;
-  ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore = 5;
-  ParametroIni[PARAMETRO_INCREMENTO_PRIMO_PERIODO].valore = 3;
+  ImpostaParametro(PARAMETRO_PERIODI, 2);
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 5);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
   ScriviIni();
   DefaultIni();  // the table forgets; the file remembers
   Avvia();
@@ -154,7 +155,7 @@ TEST_F(OrologioConsole, CtrlInvioAvviaLOrologio) {
 }
 
 TEST_F(OrologioConsole, IlTempoScorreSullaRigaDelBiancoOgniSecondo) {
-  ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore = 5;
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 5);
   ScriviIni();
   Avvia();
   memoria::ImpostaMillisecondi(1000000);
@@ -421,7 +422,7 @@ TEST_F(OrologioConsole, ModificaTempoRifiuti) {
 // The manual display key.
 
 TEST_F(OrologioConsole, TastoTConAggiornamentoSpentoMostraUnaVoltaEPortaIlFuoco) {
-  ParametroIni[PARAMETRO_AGGIORNAMENTO_AUTOMATICO].valore = 0;
+  ImpostaParametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO, 0);
   ScriviIni();
   Avvia();
   memoria::ImpostaMillisecondi(0);
@@ -435,7 +436,7 @@ TEST_F(OrologioConsole, TastoTConAggiornamentoSpentoMostraUnaVoltaEPortaIlFuoco)
   EXPECT_EQ(memoria::CursoreY(), y_tempo[0]);
   EXPECT_EQ(ParametroIni[PARAMETRO_AGGIORNAMENTO_AUTOMATICO].valore, 0);
   // Black to move lands one line above Black's time: the current-move line.
-  ContatoreMosse = 1;
+  PortaAllaSemimossa(1);
   memoria::AvanzaMillisecondi(2000);
   Tasto('T');
   EXPECT_EQ(fuoco, 3u);
@@ -498,7 +499,7 @@ TEST_F(OrologioConsole, AvviareUnaPartitaAggiudicataChiedeDiRevocare) {
 }
 
 TEST_F(OrologioConsole, CadutaDellaBandierinaDalCiclo) {
-  ParametroIni[PARAMETRO_TEMPO_PRIMO_PERIODO].valore = 1;
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 1);
   ScriviIni();
   Avvia();
   memoria::ImpostaMillisecondi(0);

@@ -8,9 +8,9 @@
 #include <cstring>
 #include <string>
 
-#include "console/politica_interfaccia.h"
 #include "piattaforma/memoria/memoria.h"
 #include "piattaforma/testo.h"
+#include "politica_prova.h"
 
 namespace {
 
@@ -31,12 +31,13 @@ std::string Riga(const char* testo, const Impaginazione& imp, int r) {
   return std::string(testo + imp.riga[r].inizio, imp.riga[r].lunghezza);
 }
 
-// The boxes answer with the program's own letters, installed as at start-up.
+// The boxes answer with the letters of the installed policy, as a program
+// installs its own at start-up.
 class RispostaRiquadro : public ::testing::Test {
  protected:
   void SetUp() override {
     memoria::Azzera();
-    InstallaPoliticaInterfaccia();
+    ImpostaPoliticaInterfaccia(PoliticaDiProva());
   }
   void TearDown() override { memoria::Azzera(); }
 };
@@ -109,7 +110,7 @@ TEST(RispostaRiquadroNeutra, LaPiattaformaPartNeutraEAzzeraTornaNeutra) {
   memoria::Azzera();
   EXPECT_EQ(PoliticaInterfacciaAttuale().lettere, 0);
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);
-  InstallaPoliticaInterfaccia();
+  ImpostaPoliticaInterfaccia(PoliticaDiProva());
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), IDYES);
   memoria::Azzera();
   EXPECT_EQ(RispostaDaTasto(MB_YESNO, Tasto('S')), 0);
@@ -135,7 +136,7 @@ TEST(RispostaRiquadroNeutra, LettereDiUnAltraPolitica) {
 TEST(ImpaginaRiquadro, TestoCortoCentratoConPulsanti) {
   Impaginazione imp;
   const char* testo = "Salvare la partita prima di uscire?";
-  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
+  ImpaginaRiquadro(testo, "Attenzione!", MB_YESNOCANCEL, imp, PoliticaDiProva());
   ASSERT_EQ(imp.righe, 1);
   EXPECT_EQ(Riga(testo, imp, 0), testo);
   EXPECT_FALSE(imp.troncato);
@@ -161,7 +162,7 @@ TEST(ImpaginaRiquadro, IlTitoloEIPulsantiDannoLaLarghezzaMinima) {
   Impaginazione imp;
   ImpaginaRiquadro("Ok", "Attenzione!", MB_OK, imp);
   EXPECT_EQ(imp.larghezza_testo, 13);  // " Attenzione! "
-  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp, PoliticaInterfacciaPendrino());
+  ImpaginaRiquadro("", "", MB_YESNOCANCEL, imp, PoliticaDiProva());
   EXPECT_EQ(imp.larghezza_testo, 29);
   EXPECT_EQ(imp.righe, 1);
   EXPECT_EQ(imp.riga[0].lunghezza, 0u);
@@ -300,7 +301,7 @@ TEST(Testo, Utf8ELatin1) {
 // The box the program shows, its buttons labelled as the program's policy says.
 Impaginazione Riquadro(const char* testo, unsigned stile) {
   Impaginazione imp;
-  ImpaginaRiquadro(testo, "Attenzione!", stile, imp, PoliticaInterfacciaPendrino());
+  ImpaginaRiquadro(testo, "Attenzione!", stile, imp, PoliticaDiProva());
   return imp;
 }
 
@@ -354,7 +355,7 @@ TEST(RigheRiquadro, AltriTastiNonSpostano) {
 
 TEST(RigheRiquadro, LeFrecceNonRispondonoAlRiquadro) {
   for (WORD tasto : {WORD(VK_UP), WORD(VK_DOWN), WORD(VK_HOME), WORD(VK_END)})
-    EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(tasto), PoliticaInterfacciaPendrino()), 0);
+    EXPECT_EQ(RispostaDaTasto(MB_YESNOCANCEL, Tasto(tasto), PoliticaDiProva()), 0);
 }
 
 TEST(RigheRiquadro, UnaSolaRigaDiTesto) {

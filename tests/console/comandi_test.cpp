@@ -2,8 +2,9 @@
 
 #include "ambiente_console.h"
 #include "board/fen.h"
-#include "comune/toni.h"
 #include "console/avvio.h"
+#include "supporto/stati.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 
@@ -200,9 +201,9 @@ TEST_F(Comandi, FrecciaGiuScendeFinoAlCampoESuonaInFondo) {
 }
 
 TEST_F(Comandi, LaRigaDelTempoInMotoSuonaDueVolte) {
-  InMoto = 1;
-  ContatoreMosse = 0;   // White to move
-  comando_FrecciaSu();  // 1: Black's time, not running
+  SegnaOrologioInMoto(true);
+  PortaAllaSemimossa(0);  // White to move
+  comando_FrecciaSu();    // 1: Black's time, not running
   EXPECT_TRUE(memoria::Toni().empty());
   comando_FrecciaSu();  // 2: White's time, running
   ToniSono({{1500, 4}, {1500, 4}});
@@ -211,7 +212,7 @@ TEST_F(Comandi, LaRigaDelTempoInMotoSuonaDueVolte) {
   EXPECT_EQ(memoria::Toni().size(), 4u);
 
   memoria::Azzera();
-  ContatoreMosse = 1;  // Black to move
+  PortaAllaSemimossa(1);  // Black to move
   fuoco = 2;
   comando_FrecciaGiu();  // 1: Black's time, running
   ToniSono({{1500, 4}, {1500, 4}});
@@ -219,7 +220,7 @@ TEST_F(Comandi, LaRigaDelTempoInMotoSuonaDueVolte) {
   EXPECT_EQ(memoria::Toni().size(), 2u);
 
   memoria::Azzera();
-  InMoto = 0;
+  SegnaOrologioInMoto(false);
   fuoco = 0;
   comando_FrecciaSu();
   comando_FrecciaSu();

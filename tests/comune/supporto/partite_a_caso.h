@@ -2,7 +2,7 @@
 // through the record's road and through the keyboard: the coordinates of a
 // move and its notation worked out here, independently of the record's code;
 // the dice with their lean towards the endings; the keys of the game for the
-// repetitions; and the outside reader for the files of all the games.
+// repetitions. The outside reader of their files is verifiche/pgn_extract.h.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "comune/mosse_a_caso.h"
+#include "supporto/mosse_a_caso.h"
 
 namespace partite_a_caso {
 
@@ -23,10 +23,6 @@ bool SottoScacco();
 // with zeros, and a piece that needs its whole origin written without its
 // letter.
 std::string NotazioneAttesa(uint64_t mossa);
-
-// pgn-extract reads `partite` games in `file_partite` without a word of
-// complaint; where it cannot run, the reason is printed instead.
-void LettePgnExtract(const std::string& file_partite, int partite);
 
 // The state of one random game besides the board.
 class Dado {
@@ -47,9 +43,10 @@ class Dado {
   // endings), so that every ending turns up in a short run.
   uint64_t Scegli();
 
-  // Now and then, one to three plies taken back with `ritira`, stopping at
-  // a fatal failure. True when it was the turn for take-backs.
-  bool RitiriACaso(const std::function<void()>& ritira);
+  // Now and then, one to three plies taken back with `ritira`, stopping
+  // once `fallito` says a fatal failure happened (the test's
+  // HasFatalFailure). True when it was the turn for take-backs.
+  bool RitiriACaso(const std::function<void()>& ritira, bool (*fallito)());
 };
 
 }  // namespace partite_a_caso

@@ -1,4 +1,4 @@
-#include "comune/corpus.h"
+#include "supporto/corpus.h"
 
 #include <cstring>
 #include <fstream>

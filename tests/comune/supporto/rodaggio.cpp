@@ -1,4 +1,4 @@
-#include "rodaggio.h"
+#include "supporto/rodaggio.h"
 
 #include <chrono>
 #include <cstdio>
@@ -10,8 +10,6 @@
 #include "board/mossa.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/arbitro.h"
-#include "comune/mosse_a_caso.h"
 #include "diagnostics/controlli.h"
 #include "diagnostics/uscita.h"
 #include "game/aggiudicazione.h"
@@ -20,6 +18,9 @@
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/arbitro.h"
+#include "supporto/mosse_a_caso.h"
+#include "supporto/stati.h"
 
 namespace {
 
@@ -59,7 +60,7 @@ class Rodaggio_ {
     seme_ = seme;
     caso_.seed(seme);
     memoria::Azzera();
-    InMoto = 0;
+    SegnaOrologioInMoto(false);
     // One game in four from elsewhere than the start, each in turn.
     fen_ = seme % 4 == 3 ? Partenze[1 + (seme / 4) % (NUMERO_PARTENZE - 1)] : Partenze[0];
     SvuotaScacchiera();
@@ -260,9 +261,9 @@ EsitoRodaggio Rodaggio(uint64_t partite, uint64_t seme) {
   }();
   (void)tabelle;
   const UscitaDiagnostica prima = UscitaDiagnostiche;
-  UscitaDiagnostiche = {TestoNelRodaggio, ScacchieraNelRodaggio, nullptr};
-  DopoFinestra = nullptr;
-  SchermoDellOrologio = {};
+  InstallaUscitaDiagnostiche({TestoNelRodaggio, ScacchieraNelRodaggio, nullptr});
+  InstallaDopoFinestra(nullptr);
+  InstallaSchermoOrologio({});
   EsitoRodaggio esito;
   Rodaggio_ rodaggio(esito);
   const auto inizio = std::chrono::steady_clock::now();
@@ -270,7 +271,7 @@ EsitoRodaggio Rodaggio(uint64_t partite, uint64_t seme) {
     rodaggio.GiocaPartita(seme + i);
   }
   esito.secondi = std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-  UscitaDiagnostiche = prima;
+  InstallaUscitaDiagnostiche(prima);
   RevocaAggiudicazione();
   return esito;
 }

@@ -11,12 +11,14 @@
 #include "board/fen.h"
 #include "board/posizione.h"
 #include "clock/orologio.h"
-#include "comune/tabelle.h"
-#include "comune/toni.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/stati.h"
+#include "supporto/tabelle.h"
+#include "verifiche/aggiudicazione.h"
+#include "verifiche/toni.h"
 
 using namespace piattaforma::win32;
 
@@ -24,54 +26,16 @@ namespace {
 
 constexpr unsigned DOMANDA = MB_YESNO;
 constexpr unsigned AVVISO = MB_OK | MB_ICONINFORMATION;
-constexpr int MINUTO = 60000;
 
-// The clock redraws its state line once when it stops; nothing else in these
-// tests starts or stops it.
-int ChiamateFermaOrologio = 0;
+using verifiche::ChiamateFermaOrologio;
+using verifiche::MINUTO;
 
-class Arbitro : public ::testing::Test {
+class Arbitro : public verifiche::AmbienteAggiudicazione {
  protected:
   void SetUp() override {
-    InizializzaTabelleUnaVolta();
-    memoria::Azzera();
-    DopoFinestra = nullptr;
-    RevocaAggiudicazione();
-    InMoto = 0;
-    TempoRimasto[0] = TempoRimasto[1] = MINUTO;
-    ChiamateFermaOrologio = 0;
-    SchermoDellOrologio = {};
-    SchermoDellOrologio.stato = [] { ++ChiamateFermaOrologio; };
-    ContatoreMosse = 0;
+    AmbienteAggiudicazione::SetUp();
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
-    Carica("4k3/8/8/8/8/8/8/4K3 w - - 0 1");
-  }
-  void TearDown() override { SchermoDellOrologio = {}; }
-
-  static void Carica(const char* fen) {
-    SvuotaScacchiera();
-    ASSERT_EQ(CaricaPosizioneDaStringaFen(fen), 1) << fen;
-  }
-
-  static void StatoE(const std::string& result, const std::string& termination,
-                     const std::string& commento) {
-    EXPECT_EQ(std::string(Result), result);
-    EXPECT_EQ(std::string(Termination), termination);
-    EXPECT_EQ(std::string(CommentoRisultato), commento);
-  }
-  static void Aperta() {
-    StatoE("*", "?", "");
-    EXPECT_FALSE(PartitaAggiudicata());
-  }
-
-  // Exactly one box, with this text and style, titled "Attenzione!".
-  static void UnaFinestra(const std::string& testo, unsigned stile) {
-    const auto& finestre = memoria::Finestre();
-    ASSERT_EQ(finestre.size(), 1u);
-    EXPECT_EQ(finestre[0].testo, testo);
-    EXPECT_EQ(finestre[0].titolo, "Attenzione!");
-    EXPECT_EQ(finestre[0].stile, stile);
   }
 
   // The current-move line, without the spaces that centre it.
@@ -194,7 +158,7 @@ TEST_F(Arbitro, BandierinaDelBiancoControReNudoChiedeLaPatta) {
 }
 
 TEST_F(Arbitro, BandierinaPattaRifiutataLasciaTutto) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   CadutaBandierina(BIANCO);
   UnaFinestra(PATTA_BIANCO, DOMANDA);
@@ -229,7 +193,7 @@ TEST_F(Arbitro, BandierinaDelNeroControReNudoChiedeLaPatta) {
 
 TEST_F(Arbitro, BandierinaDelBiancoConIlNeroCheVinceAssegnaLaSconfitta) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   // The flag's two tones, then the clock's as it stops.
@@ -252,7 +216,7 @@ TEST_F(Arbitro, BandierinaDelNeroConIlBiancoCheVinceAssegnaLaSconfitta) {
 
 TEST_F(Arbitro, LaSconfittaPerTempoSoloSuSi) {
   Carica("4k3/4p3/8/8/8/8/8/4K3 w - - 0 1");
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   for (int risposta : {IDNO, 0, -1}) {
     memoria::Azzera();
     memoria::AccodaRisposta(risposta);
@@ -266,15 +230,15 @@ TEST_F(Arbitro, LaSconfittaPerTempoSoloSuSi) {
 }
 
 TEST_F(Arbitro, BandierinaSenzaSchermoInstallato) {
-  SchermoDellOrologio = {};
+  InstallaSchermoOrologio({});
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   StatoE("1/2-1/2", "time forfeit", "al bianco e' finito il tempo");
 }
 
 TEST_F(Arbitro, EntrambeLeBandierineConTempoZero) {
-  TempoRimasto[NERO] = 0;
-  InMoto = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 0; });
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   CadutaBandierina(BIANCO);
   ToniSono({{1000, 100}, {1000, 100}, {1000, 100}, {50000, 3}});
@@ -287,7 +251,7 @@ TEST_F(Arbitro, EntrambeLeBandierineConTempoZero) {
 TEST_F(Arbitro, EntrambeLeBandierineConTempoNegativo) {
   // Even with material that wins, the other's spent time decides.
   Carica("4k3/8/8/8/8/8/8/R3K3 b - - 0 1");
-  TempoRimasto[BIANCO] = -500;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[BIANCO] = -500; });
   memoria::AccodaRisposta(0);
   CadutaBandierina(NERO);
   UnaFinestra(ENTRAMBI, DOMANDA);
@@ -295,8 +259,8 @@ TEST_F(Arbitro, EntrambeLeBandierineConTempoNegativo) {
 }
 
 TEST_F(Arbitro, EntrambeLeBandierineRifiutato) {
-  TempoRimasto[NERO] = -1;
-  InMoto = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = -1; });
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   CadutaBandierina(BIANCO);
   UnaFinestra(ENTRAMBI, DOMANDA);
@@ -306,7 +270,7 @@ TEST_F(Arbitro, EntrambeLeBandierineRifiutato) {
 }
 
 TEST_F(Arbitro, UnMillisecondoRimastoNonEEntrambe) {
-  TempoRimasto[NERO] = 1;
+  CambiaOrologio([](StatoOrologio& s) { s.tempo[NERO] = 1; });
   CadutaBandierina(BIANCO);
   UnaFinestra(PATTA_BIANCO, DOMANDA);
 }
@@ -315,7 +279,7 @@ TEST_F(Arbitro, UnMillisecondoRimastoNonEEntrambe) {
 // Agreement and resignation.
 
 TEST_F(Arbitro, PattaDaccordoSi) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   PattaDaccordo();
   UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
@@ -326,7 +290,7 @@ TEST_F(Arbitro, PattaDaccordoSi) {
 }
 
 TEST_F(Arbitro, PattaDaccordoNo) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   PattaDaccordo();
   UnaFinestra("Patta d'accordo, aggiudicare la partita (1/2-1/2)?", DOMANDA);
@@ -347,7 +311,7 @@ TEST_F(Arbitro, PattaDaccordoConFinestraFallita) {
 }
 
 TEST_F(Arbitro, AbbandonaIlBianco) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDYES);
   Abbandona(BIANCO);
   UnaFinestra("Il bianco abbandona, aggiudicare la partita (0-1)?", DOMANDA);
@@ -366,7 +330,7 @@ TEST_F(Arbitro, AbbandonaIlNero) {
 }
 
 TEST_F(Arbitro, AbbandonoRifiutato) {
-  InMoto = 1;
+  SegnaOrologioInMoto(true);
   memoria::AccodaRisposta(IDNO);
   Abbandona(NERO);
   Aperta();

@@ -5,9 +5,9 @@
 #include "board/fen.h"
 #include "board/geometria.h"
 #include "board/posizione.h"
-#include "board/riferimento.h"
 #include "console/schermo.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/riferimento.h"
 
 namespace {
 

@@ -9,10 +9,11 @@
 #include "ambiente_console.h"
 #include "board/fen.h"
 #include "clock/cadenza.h"
-#include "comune/istantanea.h"
 #include "console/avvio.h"
 #include "game/partita.h"
 #include "moves/genera.h"
+#include "supporto/istantanea.h"
+#include "supporto/stati.h"
 
 using namespace piattaforma::win32;
 
@@ -42,7 +43,7 @@ class GiornaleConsole : public AmbienteConsole {
  protected:
   void TearDown() override {
     SospendiGiornale();
-    PrimaDellaFinestra = nullptr;
+    InstallaPrimaDellaFinestra(nullptr);
   }
 
   // Start-up as pendrino_main does it, up to the loop.
@@ -104,7 +105,7 @@ class GiornaleConsole : public AmbienteConsole {
     memoria::ImpostaFile("preferenze.ini", preferenze);
     fuoco = FUOCO_COMANDO;
     CharatteriInComando = 0;
-    InMoto = 0;
+    SegnaOrologioInMoto(false);
     DefaultIni();
     RevocaAggiudicazione();
   }
@@ -186,7 +187,7 @@ TEST_F(GiornaleConsole, LaMossaDellaTriplaRipetizioneEScrittaPrimaCheSiApraLaDom
 TEST_F(GiornaleConsole, IlBattitoScriveLaMossaSeLaFinestraSiApreAltrove) {
   Avvia();
   for (const char* m : {"Nf3", "Nf6", "Ng1", "Ng8", "Nf3", "Nf6", "Ng1"}) Mossa(m);
-  PrimaDellaFinestra = nullptr;
+  InstallaPrimaDellaFinestra(nullptr);
   static std::string visto;
   static void (*battito)() = memoria::BattitoInstallato();
   ASSERT_NE(battito, nullptr);

@@ -5,6 +5,7 @@
 #include "ambiente_console.h"
 #include "board/geometria.h"
 #include "console/avvio.h"
+#include "supporto/stati.h"
 
 #ifndef _WIN32
 #include <unistd.h>
@@ -268,7 +269,7 @@ TEST_F(Avvio, IFileSiApronoNelVisualizzatore) {
 // Waiting without spinning.
 
 TEST_F(Avvio, ConLOrologioFermoSiAttendonoSoloTasti) {
-  InMoto = 0;
+  SegnaOrologioInMoto(false);
   TurnoCiclo();
   ASSERT_FALSE(memoria::Attese().empty());
   EXPECT_EQ(memoria::Attese().back(), -1);
@@ -276,11 +277,13 @@ TEST_F(Avvio, ConLOrologioFermoSiAttendonoSoloTasti) {
 
 TEST_F(Avvio, ConLOrologioInMotoSiAttendeFinoAlProssimoSecondoMostrato) {
   memoria::ImpostaMillisecondi(1000000);
-  InMoto = 1;
-  ContatoreMosse = 0;
-  InizioTempo = Adesso();
-  TempoRimasto[0] = 90500;  // shown as 91 s until 90 000 ms remain
-  TempoRimasto[1] = 1;
+  PortaAllaSemimossa(0);
+  CambiaOrologio([](StatoOrologio& s) {
+    s.in_moto = 1;
+    s.inizio = Adesso();
+    s.tempo[0] = 90500;  // shown as 91 s until 90 000 ms remain
+    s.tempo[1] = 1;
+  });
   TurnoCiclo();
   ASSERT_FALSE(memoria::Attese().empty());
   EXPECT_EQ(memoria::Attese().back(), 500);
@@ -288,17 +291,19 @@ TEST_F(Avvio, ConLOrologioInMotoSiAttendeFinoAlProssimoSecondoMostrato) {
   TurnoCiclo();
   EXPECT_EQ(memoria::Attese().back(), 1000);
 
-  ContatoreMosse = 1;  // Black's time runs now
-  InizioTempo = Adesso();
+  PortaAllaSemimossa(1);  // Black's time runs now
+  CambiaOrologio([](StatoOrologio& s) { s.inizio = Adesso(); });
   TurnoCiclo();
   EXPECT_EQ(memoria::Attese().back(), 1);
 }
 
 TEST_F(Avvio, UnTastoInterrompeLAttesa) {
   memoria::ImpostaMillisecondi(5000);
-  InMoto = 1;
-  InizioTempo = Adesso();
-  TempoRimasto[0] = 60000;
+  CambiaOrologio([](StatoOrologio& s) {
+    s.in_moto = 1;
+    s.inizio = Adesso();
+    s.tempo[0] = 60000;
+  });
   memoria::AccodaTasto('A', 0, 'a');
   TurnoCiclo();
   EXPECT_EQ(CharatteriInComando, 1u);

@@ -1,4 +1,4 @@
-#include "comune/pgn_extract.h"
+#include "verifiche/pgn_extract.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -151,5 +151,12 @@ std::string MotivoAssenza() {
 }
 
 #endif
+
+void LettePartite(const std::string& file_partite, int partite) {
+  if (MotivoAssenza().empty())
+    EXPECT_TRUE(TestoLettoSenzaErrori(file_partite, partite));
+  else
+    std::printf("pgn-extract not run: %s\n", MotivoAssenza().c_str());
+}
 
 }  // namespace pgn_extract

@@ -10,7 +10,7 @@
 #include <set>
 #include <string>
 
-#include "console/politica_interfaccia.h"
+#include "politica_prova.h"
 
 namespace {
 
@@ -597,10 +597,10 @@ TEST_F(Prefissi, NelRiquadroEscECtrlXSonoTasti) {
   EXPECT_EQ(Dai(Carattere(0x1A)), Esito::Sospensione);
 }
 
-// The tone after each prefix step is the program's choice, heard through the
-// policy; the platform alone stays silent.
+// The tone after each prefix step is the policy's, a program's choice; the
+// platform alone stays silent.
 TEST_F(Prefissi, ToniDeiPrefissiDallaPolitica) {
-  const PoliticaInterfaccia politica = PoliticaInterfacciaPendrino();
+  const PoliticaInterfaccia politica = PoliticaDiProva();
   auto tono = [&] {
     const TonoPrefisso t = TonoDelPrefisso(stato, politica);
     return std::to_string(t.frequenza) + "/" + std::to_string(t.durata);

@@ -1,4 +1,4 @@
-#include "comune/istantanea.h"
+#include "supporto/istantanea.h"
 
 #include <algorithm>
 

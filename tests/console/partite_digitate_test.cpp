@@ -12,10 +12,11 @@
 #include <string>
 #include <vector>
 
-#include "comune/partite_a_caso.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
 #include "partita_da_tastiera.h"
+#include "supporto/partite_a_caso.h"
+#include "verifiche/pgn_extract.h"
 
 namespace {
 
@@ -213,7 +214,7 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
         if (!NuovaPartitaACaso()) return;
         continue;
       }
-      if (RitiriACaso([this] { Ritira(); })) {
+      if (RitiriACaso([this] { Ritira(); }, HasFatalFailure)) {
         if (HasFatalFailure()) return;
         continue;
       }
@@ -258,7 +259,7 @@ TEST_F(PartiteDigitate, DuecentoPartiteDigitateTastoPerTasto) {
       conta[CINQUANTA], conta[CINQUANTA_ACCOLTE], conta[TRIPLICI], conta[RITIRI],
       conta[ARROCCHI_CON_LETTERE], conta[PROMOZIONI], conta[NUOVE_ANNULLATE], conta[NUOVE_SALVATE],
       conta[NUOVE_SENZA_SALVARE], conta[LIMITE]);
-  partite_a_caso::LettePgnExtract(file_partite, partite_salvate);
+  pgn_extract::LettePartite(file_partite, partite_salvate);
 }
 
 }  // namespace

@@ -14,32 +14,32 @@ TEST_F(CadenzaDellaPartita, DuePeriodiSenzaIncrementi) {
 }
 
 TEST_F(CadenzaDellaPartita, DuePeriodiConIncrementi) {
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
-  Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
+  ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
   ScriviCadenza();
   EXPECT_STREQ(Cadenza, "40/7200+30:1800+10");
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
   ScriviCadenza();
   EXPECT_STREQ(Cadenza, "40/7200:1800+10");
 }
 
 TEST_F(CadenzaDellaPartita, QualsiasiValoreDiversoDaUnoSonoDuePeriodi) {
-  Imposta(PARAMETRO_PERIODI, 0);
-  Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 7);
-  Imposta(PARAMETRO_TEMPO_PRIMO_PERIODO, 1);
-  Imposta(PARAMETRO_TEMPO_SECONDO_PERIODO, 0);
-  Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 5);
+  ImpostaParametro(PARAMETRO_PERIODI, 0);
+  ImpostaParametro(PARAMETRO_MOSSE_PRIMO_PERIODO, 7);
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 1);
+  ImpostaParametro(PARAMETRO_TEMPO_SECONDO_PERIODO, 0);
+  ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 5);
   ScriviCadenza();
   EXPECT_STREQ(Cadenza, "7/60:0+5");
 }
 
 TEST_F(CadenzaDellaPartita, UnPeriodo) {
-  Imposta(PARAMETRO_PERIODI, 1);
-  Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
   ScriviCadenza();
   EXPECT_STREQ(Cadenza, "7200");
-  Imposta(PARAMETRO_TEMPO_PRIMO_PERIODO, 5);
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 5);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
   ScriviCadenza();
   EXPECT_STREQ(Cadenza, "300+3");
 }

@@ -23,6 +23,10 @@ std::string MotivoAssenza();
 // temporary folder (removed afterwards).
 ::testing::AssertionResult TestoLettoSenzaErrori(const std::string& testo, int partite);
 
+// pgn-extract reads the `partite` games of the text `file_partite` without a
+// word of complaint; where it cannot run, the reason is printed instead.
+void LettePartite(const std::string& file_partite, int partite);
+
 }  // namespace pgn_extract
 
 // Skips the test, with the reason, where pgn-extract cannot run.

@@ -19,13 +19,13 @@ class PartitaSimulata : public AmbienteOrologio {
  protected:
   void SetUp() override {
     AmbienteOrologio::SetUp();
-    Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
-    Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
-    Imposta(PARAMETRO_ALLARME1, 20);
-    Imposta(PARAMETRO_ALLARME1 + 1, 5);
-    Imposta(PARAMETRO_ALLARME1 + 2, 1);
-    Imposta(PARAMETRO_ALLARME1 + 3, 1);    // shares a minute: sounds once
-    Imposta(PARAMETRO_ALLARME1 + 4, 200);  // more than anybody ever has
+    ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
+    ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
+    ImpostaParametro(PARAMETRO_ALLARME1, 20);
+    ImpostaParametro(PARAMETRO_ALLARME1 + 1, 5);
+    ImpostaParametro(PARAMETRO_ALLARME1 + 2, 1);
+    ImpostaParametro(PARAMETRO_ALLARME1 + 3, 1);    // shares a minute: sounds once
+    ImpostaParametro(PARAMETRO_ALLARME1 + 4, 200);  // more than anybody ever has
     NuovaPartita();
     memoria::ImpostaMillisecondi(0x100000000ull - 9000000);
     OrologioInMoto();

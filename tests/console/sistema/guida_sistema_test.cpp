@@ -10,7 +10,7 @@
 #include <string>
 
 #include "console/guida.h"
-#include "console/pagina_guida.h"
+#include "pagina_guida.h"
 #include "piattaforma/piattaforma.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "mossa_prova.h"
+#include "supporto/mossa_prova.h"
 
 #include <algorithm>
 #include <cstring>
@@ -11,15 +11,16 @@
 #include "board/geometria.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
-#include "board/verifica_posizione.h"
 #include "clock/orologio.h"
-#include "comune/arbitro.h"
-#include "comune/istantanea.h"
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "messaggi/messaggi.h"
 #include "moves/genera.h"
 #include "piattaforma/memoria/memoria.h"
+#include "supporto/arbitro.h"
+#include "supporto/istantanea.h"
+#include "supporto/stati.h"
+#include "supporto/verifica_posizione.h"
 
 int MosseTenute;
 
@@ -117,9 +118,9 @@ const char* ProvaTestiMossa(const uint8_t* dati, size_t lunghezza) {
   MosseTenute = 0;
   if (lunghezza == 0) return nullptr;
   memoria::Azzera();
-  DopoFinestra = nullptr;
-  SchermoDellOrologio = {};
-  InMoto = 0;
+  InstallaDopoFinestra(nullptr);
+  InstallaSchermoOrologio({});
+  SegnaOrologioInMoto(false);
 
   const uint8_t scelta = dati[0];
   const uint8_t* p = dati + 1;

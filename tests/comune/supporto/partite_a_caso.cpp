@@ -1,13 +1,8 @@
-#include "comune/partite_a_caso.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdio>
+#include "supporto/partite_a_caso.h"
 
 #include "board/attacchi.h"
 #include "board/mossa.h"
 #include "board/posizione.h"
-#include "comune/pgn_extract.h"
 #include "moves/genera.h"
 #include "moves/tavole.h"
 
@@ -58,13 +53,6 @@ std::string NotazioneAttesa(uint64_t mossa) {
   return t;
 }
 
-void LettePgnExtract(const std::string& file_partite, int partite) {
-  if (pgn_extract::MotivoAssenza().empty())
-    EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(file_partite, partite));
-  else
-    std::printf("pgn-extract not run: %s\n", pgn_extract::MotivoAssenza().c_str());
-}
-
 int Dado::Occorrenze() const {
   int n = 0;
   for (size_t k = chiavi.size() - 1; k >= 2;) {
@@ -78,11 +66,11 @@ uint64_t Dado::Scegli() {
   return ScegliMossa([this](uint64_t n) { return Caso(n); }, 0);
 }
 
-bool Dado::RitiriACaso(const std::function<void()>& ritira) {
+bool Dado::RitiriACaso(const std::function<void()>& ritira, bool (*fallito)()) {
   if (ContatoreMosse == 0 || Caso(20) != 0) return false;
   for (uint64_t r = 1 + Caso(3); r > 0 && ContatoreMosse > 0; --r) {
     ritira();
-    if (::testing::Test::HasFatalFailure()) break;
+    if (fallito()) break;
   }
   return true;
 }

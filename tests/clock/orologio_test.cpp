@@ -38,13 +38,13 @@ TEST_F(Orologio, CaricaTempoDaiParametriMostraEntrambiITempiELaCadenza) {
 TEST_F(Orologio, LaCadenzaCambiaSoloConLaNuovaPartita) {
   // Every time-control setting changed during the game waits for the next:
   // one period of 90 minutes with a 3-second increment.
-  Imposta(PARAMETRO_TEMPO_PRIMO_PERIODO, 90);
-  Imposta(PARAMETRO_PERIODI, 1);
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
-  Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 1);
+  ImpostaParametro(PARAMETRO_TEMPO_PRIMO_PERIODO, 90);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
+  ImpostaParametro(PARAMETRO_MOSSE_PRIMO_PERIODO, 1);
   OrologioInMoto();
   memoria::AvanzaMillisecondi(1000);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   // Still 40 moves in 120 minutes with no increment: no period change at
   // White's first move either.
@@ -60,7 +60,7 @@ TEST_F(Orologio, LaCadenzaCambiaSoloConLaNuovaPartita) {
   EXPECT_EQ(CadenzaPartita, (CadenzaDiGioco{1, 1, 90, 3, 30, 0}));
   OrologioInMoto();
   memoria::AvanzaMillisecondi(1000);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 5400000 - 1000 + 3000);
 }
@@ -113,7 +113,7 @@ TEST_F(Orologio, LaNuovaPartitaRegistraDiNuovoLaPrimaPartenza) {
 }
 
 TEST_F(Orologio, LArrestoAddebitaIlLatoAlTrattoEMostraIlSuoTempo) {
-  ContatoreMosse = 3;  // Black to move
+  PortaAllaSemimossa(3);  // Black to move
   memoria::ImpostaMillisecondi(1000);
   OrologioInMoto();
   Disegni.clear();
@@ -138,7 +138,7 @@ TEST_F(Orologio, FermareERipartireNellaStessaMossaLasciaAddebitatoIlTempoGiaUsat
   EXPECT_EQ(InizioTempo, 610000u);
   EXPECT_EQ(TempoRimastoInMoto(0), 7190000);
   memoria::AvanzaMillisecondi(5000);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 7185000);
   EXPECT_EQ(TempoRimasto[1], 7200000);
@@ -153,7 +153,7 @@ TEST_F(Orologio, PremereAttraversoLoScavalcoDeiTrentaduebit) {
   OrologioInMoto();
   memoria::AvanzaMillisecondi(4000);  // 1.5 s after the wrap
   EXPECT_EQ(Adesso(), 1500u);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 7196000);
   EXPECT_EQ(InizioTempo, 1500u);
@@ -165,7 +165,7 @@ TEST_F(Orologio, PremereQuandoLaPartenzaPrecedeLoScavalcoDiUnSoloMillisecondo) {
   memoria::ImpostaMillisecondi(0xFFFFFFFFull);
   OrologioInMoto();
   memoria::AvanzaMillisecondi(1);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 7199999);
   EXPECT_EQ(InizioTempo, 0u);
@@ -173,7 +173,7 @@ TEST_F(Orologio, PremereQuandoLaPartenzaPrecedeLoScavalcoDiUnSoloMillisecondo) {
 
 TEST_F(Orologio, FermareAttraversoLoScavalcoDeiTrentaduebit) {
   memoria::ImpostaMillisecondi(PRIMA_DELLO_SCAVALCO);
-  ContatoreMosse = 1;
+  PortaAllaSemimossa(1);
   OrologioInMoto();
   memoria::AvanzaMillisecondi(2500 + 61000);
   FermaOrologio();
@@ -195,7 +195,7 @@ TEST_F(Orologio, CambioManualeAttraversoLoScavalcoDeiTrentaduebit) {
   EXPECT_EQ(TempoRimastoInMoto(0), 6896000);
   EXPECT_FALSE(AggiornaTempoVisualizzato(0));
   EXPECT_EQ(TempoVisualizzato[0], 6896);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 6896000);
 }
@@ -204,7 +204,7 @@ TEST_F(Orologio, CambioManualeAttraversoLoScavalcoDeiTrentaduebit) {
 // Pressing.
 
 TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaIlTempoAllAvversarioEMostraEntrambi) {
-  Imposta(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
   NuovaPartita();
   memoria::ImpostaMillisecondi(0);
   OrologioInMoto();
@@ -212,7 +212,7 @@ TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaIlTempoAllAvversarioEMostraEntramb
   EXPECT_FALSE(AggiornaTempoVisualizzato(0));
   Disegni.clear();
   const size_t toni = memoria::Toni().size();
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   EXPECT_EQ(TempoRimasto[0], 7200000 - 12345);
   EXPECT_EQ(InizioTempo, 12345u);
@@ -226,17 +226,17 @@ TEST_F(Orologio, UnPeriodoSenzaIncrementoPassaIlTempoAllAvversarioEMostraEntramb
 }
 
 TEST_F(Orologio, UnPeriodoConIncrementoMostraSubitoIlTempoGuadagnato) {
-  Imposta(PARAMETRO_PERIODI, 1);
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 3);
   NuovaPartita();
   // Even past the move count of a first period there is no second one.
-  ContatoreMosse = 79;
+  PortaAllaSemimossa(79);
   memoria::ImpostaMillisecondi(0);
   OrologioInMoto();
   Disegni.clear();
   const size_t toni = memoria::Toni().size();
   memoria::AvanzaMillisecondi(2000);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(1);
   EXPECT_EQ(TempoRimasto[1], 7201000);
   EXPECT_THAT(Disegni, ElementsAre("tempo 1 7201", "tempo 0 7200"));
@@ -246,14 +246,14 @@ TEST_F(Orologio, UnPeriodoConIncrementoMostraSubitoIlTempoGuadagnato) {
 TEST_F(Orologio, DopoLaPressioneILoopControllaAncoraIlSecondoDellAltroLato) {
   // Black's time lands on an alarm minute; drawing it at the press must not
   // keep the loop from sounding that alarm.
-  Imposta(PARAMETRO_PERIODI, 1);
-  Imposta(PARAMETRO_ALLARME1, 120);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1, 120);
   NuovaPartita();
   // Black's line shows an older second than the time it will start with.
   TempoVisualizzato[1] = 7260;
   OrologioInMoto();
   memoria::AvanzaMillisecondi(1000);
-  ++ContatoreMosse;
+  PortaAllaSemimossa(ContatoreMosse + 1);
   PremiOrologio(0);
   const size_t toni = memoria::Toni().size();
   EXPECT_FALSE(AggiornaTempoVisualizzato(1));
@@ -264,8 +264,8 @@ class DuePeriodi : public Orologio {
  protected:
   void SetUp() override {
     Orologio::SetUp();
-    Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
-    Imposta(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
+    ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 30);
+    ImpostaParametro(PARAMETRO_INCREMENTO_SECONDO_PERIODO, 10);
     NuovaPartita();
     memoria::ImpostaMillisecondi(50000);
   }
@@ -273,12 +273,12 @@ class DuePeriodi : public Orologio {
   // The press after the move that leaves ContatoreMosse at `dopo`, 1 s
   // after the start; the tones of the press.
   static std::vector<std::string> Premi(uint64_t dopo) {
-    ContatoreMosse = dopo - 1;
+    PortaAllaSemimossa(dopo - 1);
     OrologioInMoto();
     Disegni.clear();
     const size_t toni = memoria::Toni().size();
     memoria::AvanzaMillisecondi(1000);
-    ContatoreMosse = dopo;
+    PortaAllaSemimossa(dopo);
     PremiOrologio(int((dopo - 1) & 1));
     return Toni(toni);
   }
@@ -330,7 +330,7 @@ TEST_F(DuePeriodi, NonCEUnTerzoPeriodo) {
 }
 
 TEST_F(DuePeriodi, SenzaIncrementiIlTempoInvariatoNonSiRidisegna) {
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 0);
   NuovaPartita();
   EXPECT_THAT(Premi(1), IsEmpty());
   EXPECT_EQ(TempoRimasto[0], 7199000);
@@ -343,13 +343,13 @@ TEST_F(DuePeriodi, SenzaIncrementiIlTempoInvariatoNonSiRidisegna) {
 
 TEST_F(DuePeriodi, IParametriCambiatiDuranteLaPartitaAspettanoLaNuovaPartita) {
   // Changed while stopped, the values govern no press of this game.
-  Imposta(PARAMETRO_MOSSE_PRIMO_PERIODO, 2);
-  Imposta(PARAMETRO_TEMPO_SECONDO_PERIODO, 15);
-  Imposta(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 5);
+  ImpostaParametro(PARAMETRO_MOSSE_PRIMO_PERIODO, 2);
+  ImpostaParametro(PARAMETRO_TEMPO_SECONDO_PERIODO, 15);
+  ImpostaParametro(PARAMETRO_INCREMENTO_PRIMO_PERIODO, 5);
   EXPECT_THAT(Premi(3), IsEmpty());  // White's 2nd
   EXPECT_EQ(TempoRimasto[0], 7200000 - 1000 + 30000);
   FermaOrologio();
-  Imposta(PARAMETRO_PERIODI, 1);
+  ImpostaParametro(PARAMETRO_PERIODI, 1);
   EXPECT_THAT(Premi(79), ElementsAre(PERIODO, BIP, PERIODO));  // White's 40th
   EXPECT_EQ(TempoRimasto[0], 7200000 - 2000 + 60000 + 1800000);
   FermaOrologio();
@@ -453,7 +453,7 @@ TEST_F(Orologio, TreBipDiContoAllaRovesciaENessunoAZero) {
 
 TEST_F(Orologio, LaBandierinaCadeQuandoIlSecondoMostratoArrivaAZero) {
   TempoRimasto[1] = 2500;
-  ContatoreMosse = 1;
+  PortaAllaSemimossa(1);
   memoria::ImpostaMillisecondi(PRIMA_DELLO_SCAVALCO);
   OrologioInMoto();
   EXPECT_THAT(Pensa(1, 2499), IsEmpty());
@@ -473,8 +473,8 @@ TEST_F(Orologio, LaBandierinaCadeQuandoIlSecondoMostratoArrivaAZero) {
 }
 
 TEST_F(Orologio, SenzaAggiornamentoAutomaticoLaRigaNonCambiaMaISegnaliSuonano) {
-  Imposta(PARAMETRO_AGGIORNAMENTO_AUTOMATICO, 0);
-  Imposta(PARAMETRO_ALLARME1, 1);
+  ImpostaParametro(PARAMETRO_AGGIORNAMENTO_AUTOMATICO, 0);
+  ImpostaParametro(PARAMETRO_ALLARME1, 1);
   TempoRimasto[0] = 62000;
   TempoVisualizzato[0] = 62;
   OrologioInMoto();
@@ -502,7 +502,7 @@ TEST_F(Orologio, SenzaAggiornamentoAutomaticoLaRigaNonCambiaMaISegnaliSuonano) {
 // Alarms.
 
 TEST_F(Orologio, UnAllarmeSuonaDueBipAlSuoMinutoEsatto) {
-  Imposta(PARAMETRO_ALLARME1 + 2, 2);
+  ImpostaParametro(PARAMETRO_ALLARME1 + 2, 2);
   TempoRimasto[0] = 121500;
   OrologioInMoto();
   const size_t toni = memoria::Toni().size();
@@ -520,7 +520,7 @@ TEST_F(Orologio, UnAllarmeSuonaDueBipAlSuoMinutoEsatto) {
 TEST_F(Orologio, OgniAllarmeDaSoloSuonaAlSuoMinuto) {
   for (int k = 0; k < 5; ++k) {
     SCOPED_TRACE(k + 1);
-    for (int j = 0; j < 5; ++j) Imposta(PARAMETRO_ALLARME1 + j, j == k ? 3 + k : 999);
+    for (int j = 0; j < 5; ++j) ImpostaParametro(PARAMETRO_ALLARME1 + j, j == k ? 3 + k : 999);
     NuovaPartita();
     const int32_t minuto = (3 + k) * 60;
     TempoRimasto[0] = (minuto + 2) * 1000;
@@ -538,18 +538,18 @@ TEST_F(Orologio, OgniAllarmeDaSoloSuonaAlSuoMinuto) {
 }
 
 TEST_F(Orologio, AllarmiEContoAllaRovesciaSiDiconoComeSuonano) {
-  Imposta(PARAMETRO_ALLARME1, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1, 1);
   TempoRimasto[1] = 62000;
-  ContatoreMosse = 1;
+  PortaAllaSemimossa(1);
   OrologioInMoto();
   Pensa(1, 62000);
   EXPECT_THAT(Segnali, ElementsAre("allarme 1 60", "conto 1 3", "conto 1 2", "conto 1 1"));
 }
 
 TEST_F(Orologio, DueAllarmiSulloStessoMinutoDannoUnSoloDoppioBip) {
-  Imposta(PARAMETRO_ALLARME1, 1);
-  Imposta(PARAMETRO_ALLARME1 + 1, 1);
-  Imposta(PARAMETRO_ALLARME1 + 4, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1 + 1, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1 + 4, 1);
   TempoRimasto[0] = 61000;
   OrologioInMoto();
   const size_t toni = memoria::Toni().size();
@@ -558,7 +558,7 @@ TEST_F(Orologio, DueAllarmiSulloStessoMinutoDannoUnSoloDoppioBip) {
 }
 
 TEST_F(Orologio, UnAllarmeDiZeroMinutiSuonaAllaCadutaDellaBandierina) {
-  Imposta(PARAMETRO_ALLARME1 + 3, 0);
+  ImpostaParametro(PARAMETRO_ALLARME1 + 3, 0);
   TempoRimasto[0] = 1000;
   OrologioInMoto();
   const size_t toni = memoria::Toni().size();
@@ -571,7 +571,7 @@ TEST_F(Orologio, UnAllarmeDiZeroMinutiSuonaAllaCadutaDellaBandierina) {
 }
 
 TEST_F(Orologio, UnAllarmeOltreIlTempoRimastoNonSuonaMai) {
-  Imposta(PARAMETRO_ALLARME1, 3);
+  ImpostaParametro(PARAMETRO_ALLARME1, 3);
   TempoRimasto[0] = 179000;
   OrologioInMoto();
   const size_t toni = memoria::Toni().size();
@@ -580,7 +580,7 @@ TEST_F(Orologio, UnAllarmeOltreIlTempoRimastoNonSuonaMai) {
 }
 
 TEST_F(Orologio, UnAllarmeGiaPassatoSuonaDiNuovoSeIlTempoAggiuntoLoRimetteDavanti) {
-  Imposta(PARAMETRO_ALLARME1, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1, 1);
   TempoRimasto[0] = 61000;
   memoria::ImpostaMillisecondi(0);
   OrologioInMoto();
@@ -599,7 +599,7 @@ TEST_F(Orologio, UnAllarmeGiaPassatoSuonaDiNuovoSeIlTempoAggiuntoLoRimetteDavant
 }
 
 TEST_F(Orologio, UnAllarmeNonSuonaDueVolteNelloStessoSecondo) {
-  Imposta(PARAMETRO_ALLARME1, 1);
+  ImpostaParametro(PARAMETRO_ALLARME1, 1);
   SuonaAlarme(0, 60);
   SuonaAlarme(0, 60);
   SuonaAlarme(1, 60);  // each side has its own mark
