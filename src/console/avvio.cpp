@@ -58,12 +58,13 @@ static void InstallaSchermi() {
         Annuncia(piattaforma::PrioritaVoce::Messaggio);
       },
   });
-  DopoFinestra = ImpostaFocus;
-  FinestraAperta = [](const char* testo) { Di(testo, piattaforma::PrioritaVoce::Messaggio); };
+  InstallaDopoFinestra(ImpostaFocus);
+  InstallaFinestraAperta(
+      [](const char* testo) { Di(testo, piattaforma::PrioritaVoce::Messaggio); });
   // A box opens on a journal up to date (a move just played, when its
   // question is the box), and while it waits the journal keeps the running
   // time.
-  PrimaDellaFinestra = [] { AggiornaGiornale(false); };
+  InstallaPrimaDellaFinestra([] { AggiornaGiornale(false); });
   piattaforma::ImpostaBattito([] { AggiornaGiornale(false); });
 }
 

@@ -12,11 +12,11 @@ uint32_t InMessaggio;
 const char* const StringaColore[2] = {"bianco", "nero"};
 const char* const TitoloFinestre = "Attenzione!";
 
+namespace {
+
 void (*DopoFinestra)();
 void (*PrimaDellaFinestra)();
 void (*FinestraAperta)(const char* testo);
-
-namespace {
 // messaggio as the composer sees it; InMessaggio follows what it wrote.
 Composizione Composto(messaggio, DIMENSIONE_MESSAGGIO);
 }  // namespace
@@ -64,3 +64,4 @@ void Suona(Tono tono) {
 
 void InstallaDopoFinestra(void (*dopo)()) { DopoFinestra = dopo; }
 void InstallaPrimaDellaFinestra(void (*prima)()) { PrimaDellaFinestra = prima; }
+void InstallaFinestraAperta(void (*aperta)(const char* testo)) { FinestraAperta = aperta; }

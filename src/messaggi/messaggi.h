@@ -30,15 +30,13 @@ void Avvisa(const char* testo);
 // A question in the given box style; returns the button pressed.
 int Domanda(const char* testo, unsigned stile);
 
-// Run after every box has closed. The console installs the return of the
-// cursor to the focused line, so that a screen reader reads on from there.
-extern void (*DopoFinestra)();
-// Run before every box opens: the console brings the journal up to date, so
-// that what a box answers to is on disk before anyone can answer it.
-extern void (*PrimaDellaFinestra)();
-// Run with the box's text as it opens: the console's voice says it.
-extern void (*FinestraAperta)(const char* testo);
-// Their owner's setters: the console installs both, a test what it watches
-// (nullptr: nothing runs).
+// The hooks around every box; the console installs them, a test what it
+// watches (nullptr: nothing runs).
+// After a box has closed: the console returns the cursor to the focused
+// line, so that a screen reader reads on from there.
 void InstallaDopoFinestra(void (*dopo)());
+// Before a box opens: the console brings the journal up to date, so that
+// what a box answers to is on disk before anyone can answer it.
 void InstallaPrimaDellaFinestra(void (*prima)());
+// With the box's text as it opens: the console's voice says it.
+void InstallaFinestraAperta(void (*aperta)(const char* testo));
