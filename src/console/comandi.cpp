@@ -409,12 +409,22 @@ void comando_RitiraUltimaMossa() {
 
 // The saves the user asks for: a file that could not be written is said,
 // naming it, and what was to follow the save does not happen.
+static void AnnunciaNonScritto(const char* esito, const char* file) {
+  Composizione& c = NuovoAnnuncio();
+  c.Testo(esito);
+  c.Testo(file);
+  c.Testo(", ");
+  c.Testo(MotivoErroreFile(piattaforma::UltimoErroreFile()));
+  c.Carattere('.');
+  Annuncia();
+}
+
 static bool Salva() {
   if (SalvaPartita()) {
     Annuncia("Salvata: partita.pgn.");
     return true;
   }
-  Annuncia("Non salvata: impossibile scrivere partita.pgn.");
+  AnnunciaNonScritto("Non salvata: ", "partita.pgn");
   Avvisa(TestoPartitaNonSalvata);
   return false;
 }
@@ -424,7 +434,7 @@ static bool ScriviLista() {
     Annuncia("Scritto: ListaMosse.txt.");
     return true;
   }
-  Annuncia("Non scritto: impossibile scrivere ListaMosse.txt.");
+  AnnunciaNonScritto("Non scritto: ", "ListaMosse.txt");
   Avvisa(TestoListaNonScritta);
   return false;
 }

@@ -101,3 +101,16 @@ void PezzoInParole(Composizione& c, uint8_t codice) {
   c.Carattere(' ');
   c.Testo(tipo == DONNA || tipo == TORRE ? NomeColoreFemminile[colore] : NomeColore[colore]);
 }
+
+const char* MotivoErroreFile(piattaforma::ErroreFile errore) {
+  switch (errore) {
+    case piattaforma::ErroreFile::Permesso:
+      return "scrittura non permessa";
+    case piattaforma::ErroreFile::DiscoPieno:
+      return "disco pieno";
+    case piattaforma::ErroreFile::NonUnFile:
+      return "al suo posto c'e' una cartella";
+    default:
+      return "impossibile scriverlo";
+  }
+}

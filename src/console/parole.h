@@ -4,6 +4,8 @@
 // through these.
 #pragma once
 
+#include "piattaforma/piattaforma.h"
+
 #include <cstdint>
 
 #include "testo/composizione.h"
@@ -29,3 +31,6 @@ void ScaccoInParole(Composizione& c, const char* testo_mossa);
 // "pedone bianco", "donna nera", "vuota": what a piece code of the board
 // (or the empty square's) is.
 void PezzoInParole(Composizione& c, uint8_t codice);
+
+// Why a file could not be written, as the end of a sentence: "disco pieno".
+const char* MotivoErroreFile(piattaforma::ErroreFile errore);

@@ -1,6 +1,7 @@
 // The announcement line: every action says what it did, in one sentence
 // whose first word is the news, at the top of the panels.
 #include <string>
+#include <utility>
 
 #include "partita_da_tastiera.h"
 #include "verifiche/toni.h"
@@ -104,7 +105,27 @@ TEST_F(AnnuncioDellAzione, IlSalvataggioEIlSuoFallimento) {
   EXPECT_EQ(Annuncio(), "Scritto: ListaMosse.txt.");
   memoria::ImpostaSolaLettura(true);
   Tasto('S', ALT);
-  EXPECT_EQ(Annuncio(), "Non salvata: impossibile scrivere partita.pgn.");
+  EXPECT_EQ(Annuncio(), "Non salvata: partita.pgn, scrittura non permessa.");
+  Tasto(VK_F5);
+  EXPECT_EQ(Annuncio(), "Non scritto: ListaMosse.txt, scrittura non permessa.");
+}
+
+TEST_F(AnnuncioDellAzione, IlPercheDelSalvataggioMancato) {
+  Mossa("e4");
+  const std::pair<piattaforma::ErroreFile, const char*> casi[] = {
+      {piattaforma::ErroreFile::DiscoPieno, "Non salvata: partita.pgn, disco pieno."},
+      {piattaforma::ErroreFile::NonUnFile,
+       "Non salvata: partita.pgn, al suo posto c'e' una cartella."},
+      {piattaforma::ErroreFile::Altro, "Non salvata: partita.pgn, impossibile scriverlo."},
+      {piattaforma::ErroreFile::Permesso, "Non salvata: partita.pgn, scrittura non permessa."}};
+  for (const auto& [motivo, frase] : casi) {
+    memoria::ImpostaGuastoFile("partita.pgn", motivo);
+    Tasto('S', ALT);
+    EXPECT_EQ(Annuncio(), frase);
+  }
+  memoria::ImpostaGuastoFile("partita.pgn", piattaforma::ErroreFile::Nessuno);
+  Tasto('S', ALT);
+  EXPECT_EQ(Annuncio(), "Salvata: partita.pgn.");
 }
 
 TEST_F(AnnuncioDellAzione, AggiudicazioneERevoca) {
