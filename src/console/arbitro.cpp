@@ -162,6 +162,8 @@ void PresentaMossa(EsitoMossa esito) {
   ScaccoInParole(c, testo);
   if (esito.fine == FineDellaPartita::Stallo) c.Testo("; stallo");
   if (esito.fine == FineDellaPartita::MaterialeInsufficiente) c.Testo("; materiale insufficiente");
+  if (esito.fine == FineDellaPartita::SettantacinqueMosse) c.Testo("; regola delle 75 mosse");
+  if (esito.fine == FineDellaPartita::QuintuplaRipetizione) c.Testo("; quintupla ripetizione");
   if (esito.domanda == DomandaAllArbitro::CinquantaMosse) c.Testo("; regola delle 50 mosse");
   if (esito.domanda == DomandaAllArbitro::TripliceRipetizione) c.Testo("; triplice ripetizione");
   c.Carattere('.');

@@ -39,6 +39,9 @@ constexpr int INDICE_LETTERA_PEZZO = 15;  // CaratteriUtili[kind + 15] is the ki
 constexpr int MASSIMO_CARATTERI_MOSSA = 5;
 constexpr uint32_t NESSUN_PEZZO = 255;  // TipoPromozioneMossa of a move that promotes nothing
 constexpr const char* PATTA = "1/2-1/2";
+// The draws the arbiter declares without a claim.
+constexpr uint64_t SEMIMOSSE_SETTANTACINQUE = 150;
+constexpr uint32_t OCCORRENZE_QUINTUPLA = 5;
 
 // Names of the kinds for the debug print; the diagnostics keep their own.
 constexpr const char* NomePezzo[6] = {"Pedone", "Cavallo", "Alfiere", "Torre", "Donna", "Re"};
@@ -353,6 +356,19 @@ EsitoMossa AnnotaMossa(uint64_t mossa) {
     return esito;
   }
 
+  if (SemimosseReversibili() >= SEMIMOSSE_SETTANTACINQUE) {
+    ScansionaRipetizioni();
+    Aggiudica("75-move rule", "regola delle 75 mosse", PATTA);
+    esito.fine = FineDellaPartita::SettantacinqueMosse;
+    return esito;
+  }
+  if (OccorrenzePosizione() >= OCCORRENZE_QUINTUPLA) {
+    ScansionaRipetizioni();
+    Aggiudica("fivefold repetition", "quintupla ripetizione", PATTA);
+    esito.fine = FineDellaPartita::QuintuplaRipetizione;
+    return esito;
+  }
+
   // Exactly 100: a declined claim is not offered again at 101.
   if (Semimosse(InfoPosizione) == 100) {
     esito.domanda = DomandaAllArbitro::CinquantaMosse;
@@ -387,14 +403,41 @@ uint64_t FaiMossaDaCase(int8_t colonna_da, int8_t riga_da, int8_t colonna_a, int
 // ---------------------------------------------------------------------------
 // Repetitions and the panel sentences.
 
+uint64_t SemimosseReversibili() {
+  // Each ply's saved information word holds its count up to 127: back to
+  // the last ply whose count is still exact.
+  const uint64_t n = ContatoreMosse;
+  auto conteggio = [n](uint64_t k) {
+    return Semimosse(k == n ? InfoPosizione : backup_InfoPosizione[k]);
+  };
+  uint64_t k = n;
+  while (k > PlyIniziale() && conteggio(k) == MASCHERA_SEMIMOSSE) --k;
+  return n - k + conteggio(k);
+}
+
+namespace {
+
+// The first ply a repetition of the current position can be found at: no
+// position before an irreversible move can come back.
+int64_t InizioRipetizioni() {
+  const int64_t limite = int64_t(ContatoreMosse) - int64_t(SemimosseReversibili());
+  return limite < int64_t(PlyIniziale()) ? int64_t(PlyIniziale()) : limite;
+}
+
+}  // namespace
+
+uint32_t OccorrenzePosizione() {
+  uint32_t occorrenze = 1;
+  const int64_t limite = InizioRipetizioni();
+  for (int64_t k = int64_t(ContatoreMosse) - 4; k >= limite; k -= 2)
+    if (backup_ChiaveHash[k] == ChiaveHash) ++occorrenze;
+  return occorrenze;
+}
+
 void ScansionaRipetizioni() {
   Ripetizioni = 0;
   const int64_t n = int64_t(ContatoreMosse);
-  const uint64_t reversibili = Semimosse(InfoPosizione);
-  // No position before an irreversible move can come back, so the bound only
-  // saves work; a saturated clock no longer tells where that move was.
-  int64_t limite = reversibili == MASCHERA_SEMIMOSSE ? 0 : n - int64_t(reversibili);
-  if (limite < int64_t(PlyIniziale())) limite = int64_t(PlyIniziale());
+  const int64_t limite = InizioRipetizioni();
   // n - 2 is one move of each side away: no such pair leaves every piece
   // where it stood.
   for (int64_t k = n - 4; k >= limite; k -= 2) {

@@ -42,7 +42,16 @@ void GeneraMosseLegali();
 uint64_t FaiMossaInComando();
 // What a move played brought about, for the console to show and say: the
 // record's text is ElencoStringaMossa[ContatoreMosse].
-enum class FineDellaPartita : uint8_t { Nessuna, Scaccomatto, Stallo, MaterialeInsufficiente };
+enum class FineDellaPartita : uint8_t {
+  Nessuna,
+  Scaccomatto,
+  Stallo,
+  MaterialeInsufficiente,
+  // Drawn without a claim: 150 half-moves with no capture and no pawn move,
+  // the same position for the fifth time.
+  SettantacinqueMosse,
+  QuintuplaRipetizione,
+};
 enum class DomandaAllArbitro : uint8_t { Nessuna, CinquantaMosse, TripliceRipetizione };
 struct EsitoMossa {
   uint64_t mossa;             // the move word
@@ -52,9 +61,10 @@ struct EsitoMossa {
   bool disambigua_fallita;    // no origin made the text unique: written anyway
 };
 // Writes the move just played into ElencoStringaMossa, regenerates the legal
-// moves, and looks for the end of the game: mate, stalemate and
-// insufficient material are adjudicated here; the fifty-move rule and the
-// threefold repetition are questions for the arbiter. At the fifty-move
+// moves, and looks for the end of the game: mate, stalemate, insufficient
+// material, the 75-move rule and the fivefold repetition are adjudicated
+// here (a mate first); the fifty-move rule and the threefold repetition are
+// questions for the arbiter. At the fifty-move
 // question the repetition scan waits for the answer.
 EsitoMossa AnnotaMossa(uint64_t mossa);
 // The arbiter's answers. Accepting the fifty-move draw adjudicates it and
@@ -79,9 +89,16 @@ extern uint32_t Ripetizioni;
 extern uint32_t PosizioneRipetuta[2];
 extern const char* const StringaRipetizioni[3];
 // Looks back over the plies of the same side to move since the last
-// irreversible move, or over the whole game once the half-move clock has
-// stopped at 127 (AnnotaMossa runs it).
+// irreversible move (AnnotaMossa runs it).
 void ScansionaRipetizioni();
+
+// Half-moves since the last capture or pawn move, counted on past the 127
+// where the position's own count stops.
+uint64_t SemimosseReversibili();
+// How many times the current position has stood on the board in this game,
+// this time included (same side to move, same castling and en passant
+// rights).
+uint32_t OccorrenzePosizione();
 
 // The panel sentences, composed whole into `messaggio` (first letter in
 // lower case; the console raises it when it centres the line):

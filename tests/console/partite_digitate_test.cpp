@@ -42,6 +42,8 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
     CINQUANTA,
     CINQUANTA_ACCOLTE,
     TRIPLICI,
+    SETTANTACINQUE,
+    QUINTUPLE,
     RITIRI,
     ARROCCHI_CON_LETTERE,
     PROMOZIONI,
@@ -88,6 +90,17 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
     ++conta[RITIRI];
   }
 
+  // Plies back to the last capture or pawn move, read from the record's
+  // texts: an 'x', or a pawn's file letter first.
+  uint64_t ReversibiliDalRegistro() {
+    uint64_t n = 0;
+    for (uint64_t k = ContatoreMosse; k >= 1; --k, ++n) {
+      const std::string t = Registro(k);
+      if (t.find('x') != std::string::npos || (t[0] >= 'a' && t[0] <= 'h')) break;
+    }
+    return n;
+  }
+
   // One ply, typed twice. False when the game is over.
   bool GiocaUnaMossa() {
     const uint64_t n = ContatoreMosse;
@@ -113,7 +126,13 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
     // The fifty-move question exactly when the half-move clock reached
     // 100, unless the move ended the game at once.
     const bool cinquanta = std::find(prime.begin(), prime.end(), DOMANDA_CINQUANTA) != prime.end();
-    const bool finita_subito = nessuna || (!PuoVincereIl_bianco() && !PuoVincereIl_nero());
+    chiavi.push_back(ChiaveHash);
+    // Drawn without a claim: 150 half-moves since the last capture or pawn
+    // move, as the record's texts show them, or a fifth occurrence.
+    const bool automatica = ReversibiliDalRegistro() >= 150 || Occorrenze() >= 4;
+    chiavi.pop_back();
+    const bool finita_subito =
+        nessuna || (!PuoVincereIl_bianco() && !PuoVincereIl_nero()) || automatica;
     EXPECT_EQ(cinquanta, Semimosse(InfoPosizione) == 100 && !finita_subito)
         << "ply " << n + 1 << " " << scritta;
     // The threefold question when the position stood twice before.
@@ -162,6 +181,8 @@ class PartiteDigitate : public PartitaDaTastiera, protected partite_a_caso::Dado
     }
     if (std::string(Termination) == "insufficient material") ++conta[MATERIALE];
     if (std::string(Termination) == "threefold repetition") ++conta[TRIPLICI];
+    if (std::string(Termination) == "75-move rule") ++conta[SETTANTACINQUE];
+    if (std::string(Termination) == "fivefold repetition") ++conta[QUINTUPLE];
     return fino_al_limite || Caso(2) == 0;
   }
 
@@ -254,11 +275,11 @@ TEST_F(PartiteDigitate, DuecentoPartiteDigitateTastoPerTasto) {
   std::printf(
       "partite %d, semimosse %d, matti %d, stalli %d, materiale %d, cinquanta %d (accolte %d), "
       "triplici %d, ritiri %d, arrocchi con lettere %d, promozioni %d, alt+n annullato %d, "
-      "salvato %d, senza salvare %d, ultima semimossa %d\n",
+      "salvato %d, senza salvare %d, ultima semimossa %d, settantacinque %d, quintuple %d\n",
       partite_salvate, conta[SEMIMOSSE], conta[MATTI], conta[STALLI], conta[MATERIALE],
       conta[CINQUANTA], conta[CINQUANTA_ACCOLTE], conta[TRIPLICI], conta[RITIRI],
       conta[ARROCCHI_CON_LETTERE], conta[PROMOZIONI], conta[NUOVE_ANNULLATE], conta[NUOVE_SALVATE],
-      conta[NUOVE_SENZA_SALVARE], conta[LIMITE]);
+      conta[NUOVE_SENZA_SALVARE], conta[LIMITE], conta[SETTANTACINQUE], conta[QUINTUPLE]);
   pgn_extract::LettePartite(file_partite, partite_salvate);
 }
 

@@ -62,7 +62,8 @@ inline uint64_t Cerca(const char* testo) {
 }
 
 // What the moves played brought about, in order, as the console is told:
-// the end adjudicated ("scaccomatto", "stallo", "materiale insufficente"),
+// the end adjudicated ("scaccomatto", "stallo", "materiale insufficente",
+// "settantacinque mosse", "quintupla ripetizione"),
 // the arbiter's questions ("cinquanta mosse", "triplice ripetizione"), and a
 // disambiguation that found no unique origin ("disambigua").
 inline std::vector<std::string> Esiti;
@@ -84,6 +85,12 @@ inline EsitoMossa Annota(uint64_t mossa) {
       break;
     case FineDellaPartita::MaterialeInsufficiente:
       Esiti.push_back("materiale insufficente");
+      break;
+    case FineDellaPartita::SettantacinqueMosse:
+      Esiti.push_back("settantacinque mosse");
+      break;
+    case FineDellaPartita::QuintuplaRipetizione:
+      Esiti.push_back("quintupla ripetizione");
       break;
     case FineDellaPartita::Nessuna:
       break;

@@ -37,11 +37,39 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
   std::vector<Ply> storia;
 
   // Counters over all games, to see that every ending was met.
-  int finali[9] = {};
-  enum { MATTO, STALLO, MATERIALE, CINQUANTA, TRIPLICE, LIMITE, TETTO, RITIRI, SATURO };
+  // Half-moves since the last capture or pawn move after each ply, worked
+  // out from the boards: a pawn moved or a piece fewer.
+  std::vector<uint64_t> reversibili;
+
+  int finali[11] = {};
+  enum {
+    MATTO,
+    STALLO,
+    MATERIALE,
+    CINQUANTA,
+    TRIPLICE,
+    LIMITE,
+    TETTO,
+    RITIRI,
+    SATURO,
+    SETTANTACINQUE,
+    QUINTUPLA
+  };
+
+  static bool Irreversibile(const Istantanea& prima, const Istantanea& dopo) {
+    return prima.pezzi[0][0] != dopo.pezzi[0][0] || prima.pezzi[1][0] != dopo.pezzi[1][0] ||
+           __builtin_popcountll(prima.occupazione) != __builtin_popcountll(dopo.occupazione);
+  }
+
+  uint64_t ReversibiliDopo(const Istantanea& ora) const {
+    if (storia.empty()) return 0;
+    return Irreversibile(storia.back().posizione, ora) ? 0 : reversibili.back() + 1;
+  }
 
   void Registra() {
-    storia.push_back({Fotografa(), ParoleLegali()});
+    const Istantanea ora = Fotografa();
+    reversibili.push_back(ReversibiliDopo(ora));
+    storia.push_back({ora, ParoleLegali()});
     chiavi.push_back(ChiaveHash);
   }
 
@@ -49,6 +77,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
     ASSERT_EQ(RitiraUltimaMossa(), 1);
     storia.pop_back();
     chiavi.pop_back();
+    reversibili.pop_back();
     const Istantanea ora = Fotografa();
     ASSERT_EQ(ora, storia.back().posizione) << Differenze(storia.back().posizione, ora);
     ASSERT_EQ(ParoleLegali(), storia.back().legali);
@@ -95,6 +124,15 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
         stato = "1/2-1/2 | insufficient material | materiale insufficente";
         finestre.push_back("materiale insufficente");
         finale = MATERIALE;
+      } else if (ReversibiliDopo(Fotografa()) >= 150) {
+        // No claim needed: the arbiter ends the game.
+        stato = "1/2-1/2 | 75-move rule | regola delle 75 mosse";
+        finestre.push_back("settantacinque mosse");
+        finale = SETTANTACINQUE;
+      } else if (Occorrenze() >= 4) {
+        stato = "1/2-1/2 | fivefold repetition | quintupla ripetizione";
+        finestre.push_back("quintupla ripetizione");
+        finale = QUINTUPLA;
       } else {
         // The claims are declined, the repetition is adjudicated all the
         // same.
@@ -154,6 +192,8 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
         }
         return false;
       case TRIPLICE:
+      case SETTANTACINQUE:
+      case QUINTUPLA:
         ++finali[finale];
         // Revoked as after a Yes to the revocation question.
         if (fino_al_limite || Caso(2) == 0) {
@@ -173,6 +213,7 @@ class PartiteCasuali : public AmbientePartita, protected partite_a_caso::Dado {
     Nuova(FenIniziale);
     storia.clear();
     chiavi.clear();
+    reversibili.clear();
     Registra();
     // Most games stop early to keep the run short; in some the arbiter
     // goes on after every ending, up to the record's last ply.
@@ -223,11 +264,14 @@ TEST_F(PartiteCasuali, DuecentoPartiteDallaPosizioneIniziale) {
   EXPECT_GT(finali[LIMITE], 0);
   EXPECT_GT(finali[RITIRI], 0);
   EXPECT_GT(finali[SATURO], 0);
+  EXPECT_GT(finali[SETTANTACINQUE], 0);
+  EXPECT_GT(finali[QUINTUPLA], 0);
   std::printf(
       "matti %d, stalli %d, materiale %d, cinquanta %d, triplici %d, limite %d, tetto %d, "
-      "ritiri %d, orologio fermo a 127 %d\n",
+      "ritiri %d, orologio fermo a 127 %d, settantacinque %d, quintuple %d\n",
       finali[MATTO], finali[STALLO], finali[MATERIALE], finali[CINQUANTA], finali[TRIPLICE],
-      finali[LIMITE], finali[TETTO], finali[RITIRI], finali[SATURO]);
+      finali[LIMITE], finali[TETTO], finali[RITIRI], finali[SATURO], finali[SETTANTACINQUE],
+      finali[QUINTUPLA]);
 }
 
 }  // namespace
