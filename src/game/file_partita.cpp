@@ -7,6 +7,7 @@
 #include "game/aggiudicazione.h"
 #include "game/partita.h"
 #include "piattaforma/piattaforma.h"
+#include "settings/parametri.h"
 #include "testo/composizione.h"
 
 const char* const NomeFilePartita = "partita.pgn";
@@ -21,6 +22,19 @@ void Etichetta(Composizione& c, const char* nome, const char* valore, size_t mas
   c.Testo(nome);
   c.Testo(" \"");
   c.Testo(valore, massimo);
+  c.Testo("\"]\n");
+}
+
+// A tag holding a name: backslash and quote escaped, "?" when unset.
+void EtichettaNome(Composizione& c, const char* nome, const char* valore) {
+  c.Testo("[");
+  c.Testo(nome);
+  c.Testo(" \"");
+  if (!valore[0]) c.Carattere('?');
+  for (const char* p = valore; *p; ++p) {
+    if (*p == '"' || *p == '\\') c.Carattere('\\');
+    c.Carattere(*p);
+  }
   c.Testo("\"]\n");
 }
 
@@ -46,7 +60,8 @@ void NumeroMossa(Composizione& c, uint64_t numero) {
 constexpr size_t MOSSE_MASSIME = MAX_SEMIMOSSE / 2;
 constexpr size_t LUNGHEZZA_MOSSE =
     MAX_SEMIMOSSE * LUNGHEZZA_STRINGA_MOSSA + MOSSE_MASSIME * sizeof " 256." + MOSSE_MASSIME;
-constexpr size_t MASSIMO_TESTO_PARTITA = 512 + sizeof Termination + sizeof Result + sizeof OraUTC +
+constexpr size_t MASSIMO_TESTO_PARTITA = 512 + NUMERO_NOMI * 2 * LUNGHEZZA_TESTO_INI +
+                                         sizeof Termination + sizeof Result + sizeof OraUTC +
                                          sizeof DataUTC + sizeof Cadenza + LUNGHEZZA_MOSSE +
                                          sizeof CommentoRisultato + sizeof Result;
 constexpr size_t MASSIMO_TESTO_ELENCO = LUNGHEZZA_MOSSE + 8;
@@ -67,9 +82,12 @@ bool Scrivi(const char* nome, size_t (*componi)(char*, size_t)) {
 size_t TestoPartita(char* testo, size_t capienza) {
   Composizione c(testo, capienza);
   c.Testo("\n");
-  Etichetta(c, "Event", "?");
-  Etichetta(c, "White", "?");
-  Etichetta(c, "Black", "?");
+  EtichettaNome(c, "Event", Nome(NOME_EVENTO));
+  // Tags the file did not always have: only when set.
+  if (Nome(NOME_LUOGO)[0]) EtichettaNome(c, "Site", Nome(NOME_LUOGO));
+  if (Nome(NOME_TURNO)[0]) EtichettaNome(c, "Round", Nome(NOME_TURNO));
+  EtichettaNome(c, "White", Nome(NOME_BIANCO));
+  EtichettaNome(c, "Black", Nome(NOME_NERO));
   Etichetta(c, "WhiteHelo", "?");
   Etichetta(c, "BlackHelo", "?");
   Etichetta(c, "Termination", Termination, sizeof Termination - 1);

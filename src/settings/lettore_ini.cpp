@@ -27,6 +27,16 @@ int CercaChiave(const TabellaIni& tabella, const char* chiave, size_t lunghezza)
   return -1;
 }
 
+int CercaTesto(const TabellaIni& tabella, const char* chiave, size_t lunghezza) {
+  for (int riga = 0; riga < tabella.numero_testi; ++riga) {
+    const char* nota = tabella.testi[riga].chiave;
+    if (std::strlen(nota) == lunghezza && std::memcmp(nota, chiave, lunghezza) == 0) return riga;
+  }
+  return -1;
+}
+
+constexpr bool FineRiga(char c) { return c == '\n' || c == '\r'; }
+
 }  // namespace
 
 void LettoreIni::Avvia(const TabellaIni& tabella) {
@@ -53,6 +63,7 @@ void LettoreIni::Carattere(char c) {
     case Stato::Chiave:
       if (Spazio(c)) {
         ChiaveLetta();
+        if (stato_ == Stato::PrimaDelTesto && FineRiga(c)) TestoLetto();
       } else if (lunghezza_chiave_ == sizeof chiave_ - 1) {
         // Longer than any field can hold: no key can match it.
         Ferma();
@@ -90,6 +101,18 @@ void LettoreIni::Carattere(char c) {
         troppo_grande_ = modulo_ > MODULO_MASSIMO;
       }
       return;
+    case Stato::PrimaDelTesto:
+      if (c == ' ' || c == '\t') return;
+      lunghezza_testo_ = 0;
+      stato_ = Stato::Testo;
+      [[fallthrough]];
+    case Stato::Testo:
+      if (FineRiga(c)) {
+        TestoLetto();
+      } else if (lunghezza_testo_ + 1 < sizeof testo_) {
+        testo_[lunghezza_testo_++] = c;
+      }
+      return;
     case Stato::Fermo:
       return;
   }
@@ -97,11 +120,23 @@ void LettoreIni::Carattere(char c) {
 
 void LettoreIni::ChiaveLetta() {
   riga_ = CercaChiave(*tabella_, chiave_, lunghezza_chiave_);
-  if (riga_ < 0) {
+  if (riga_ >= 0) {
+    stato_ = Stato::PrimaDelNumero;
+    return;
+  }
+  riga_testo_ = CercaTesto(*tabella_, chiave_, lunghezza_chiave_);
+  if (riga_testo_ < 0) {
     Ferma();
     return;
   }
-  stato_ = Stato::PrimaDelNumero;
+  lunghezza_testo_ = 0;
+  // The blank that ended the key may already be the line's end: no text.
+  stato_ = Stato::PrimaDelTesto;
+}
+
+void LettoreIni::TestoLetto() {
+  stato_ = Stato::Fuori;
+  ImpostaTesto(tabella_->testi[riga_testo_], testo_, lunghezza_testo_);
 }
 
 void LettoreIni::NumeroLetto(bool leggibile) {
@@ -127,7 +162,10 @@ EsitoIni LettoreIni::Fine() {
     case Stato::Chiave:
       ChiaveLetta();
       if (stato_ == Stato::Fermo) break;
-      NumeroLetto(false);
+      if (stato_ == Stato::PrimaDelTesto)
+        TestoLetto();
+      else
+        NumeroLetto(false);
       break;
     case Stato::PrimaDelNumero:
     case Stato::Segno:
@@ -135,6 +173,10 @@ EsitoIni LettoreIni::Fine() {
       break;
     case Stato::Cifre:
       NumeroLetto(true);
+      break;
+    case Stato::PrimaDelTesto:
+    case Stato::Testo:
+      TestoLetto();
       break;
     case Stato::Fuori:
     case Stato::PrimaDellaChiave:

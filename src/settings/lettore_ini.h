@@ -1,7 +1,8 @@
 // The reader of a settings file's text (pendrino.ini, preferenze.ini), fed in
 // pieces of any length, so that the file (read in blocks) and a text in
 // memory go through the same steps and cannot disagree. Only the lines introduced by '$' carry
-// data: a key word and a decimal number, each read as scanf reads "%s" and "%d".
+// data: a key word and a decimal number, each read as scanf reads "%s" and "%d";
+// a text row's key is followed by its text, up to the end of the line.
 #pragma once
 
 #include <cstddef>
@@ -38,11 +39,22 @@ class LettoreIni {
   uint32_t Trovate() const { return trovate_; }
 
  private:
-  enum class Stato { Fuori, PrimaDellaChiave, Chiave, PrimaDelNumero, Segno, Cifre, Fermo };
+  enum class Stato {
+    Fuori,
+    PrimaDellaChiave,
+    Chiave,
+    PrimaDelNumero,
+    Segno,
+    Cifre,
+    PrimaDelTesto,
+    Testo,
+    Fermo
+  };
 
   void Carattere(char c);
   void ChiaveLetta();
   void NumeroLetto(bool leggibile);
+  void TestoLetto();
   void Ferma();
 
   const TabellaIni* tabella_ = &TabellaParametri;
@@ -50,6 +62,9 @@ class LettoreIni {
   char chiave_[64] = {};
   size_t lunghezza_chiave_ = 0;
   int riga_ = 0;
+  int riga_testo_ = -1;
+  char testo_[LUNGHEZZA_TESTO_INI] = {};
+  size_t lunghezza_testo_ = 0;
   bool negativo_ = false;
   bool troppo_grande_ = false;
   uint64_t modulo_ = 0;

@@ -24,14 +24,22 @@ RigaIni ParametroIni[NUMERO_PARAMETRI] = {
 };
 
 const char* const NomeFileIni = "pendrino.ini";
-const TabellaIni TabellaParametri = {NomeFileIni, ParametroIni, NUMERO_PARAMETRI};
+const TabellaIni TabellaParametri = {NomeFileIni, ParametroIni, NUMERO_PARAMETRI, nullptr, 0};
 
 RigaIni PreferenzaIni[NUMERO_PREFERENZE] = {
     {"lettore_di_schermo", "lettore di schermo", "valore booleano", 0, 0, 0, 1},
     {"voce", "voce del programma", "valore booleano", 0, 0, 0, 1},
 };
 const char* const NomeFilePreferenze = "preferenze.ini";
-const TabellaIni TabellaPreferenze = {NomeFilePreferenze, PreferenzaIni, NUMERO_PREFERENZE};
+RigaTestoIni NomeIni[NUMERO_NOMI] = {
+    {"bianco", "nome del bianco", ""},
+    {"nero", "nome del nero", ""},
+    {"evento", "evento", ""},
+    {"luogo", "luogo", ""},
+    {"turno", "turno", ""},
+};
+const TabellaIni TabellaPreferenze = {NomeFilePreferenze, PreferenzaIni, NUMERO_PREFERENZE, NomeIni,
+                                      NUMERO_NOMI};
 
 namespace {
 
@@ -51,9 +59,33 @@ void ImpostaPreferenza(int riga, int32_t valore) {
   PreferenzaIni[riga].valore = valore;
 }
 
+void ImpostaTesto(RigaTestoIni& riga, const char* testo, size_t lunghezza) {
+  char* nome = riga.testo;
+  size_t n = 0;
+  for (; n < lunghezza && n + 1 < LUNGHEZZA_TESTO_INI; ++n) {
+    const unsigned char c = static_cast<unsigned char>(testo[n]);
+    if (c < 0x20 || c == 0x7F) break;
+    nome[n] = char(c);
+  }
+  // A name cut short loses the character it cut in two.
+  if (n < lunghezza && n + 1 == LUNGHEZZA_TESTO_INI) {
+    while (n > 0 && (static_cast<unsigned char>(nome[n - 1]) & 0xC0) == 0x80) --n;
+    if (n > 0 && static_cast<unsigned char>(nome[n - 1]) >= 0xC0) --n;
+  }
+  // Blanks at the end are nobody's name.
+  while (n > 0 && nome[n - 1] == ' ') --n;
+  nome[n] = 0;
+}
+
+void ImpostaNome(int riga, const char* testo) {
+  if (riga < 0 || riga >= NUMERO_NOMI || !testo) return;
+  ImpostaTesto(NomeIni[riga], testo, std::strlen(testo));
+}
+
 void DefaultTabella(const TabellaIni& tabella) {
   for (int r = 0; r < tabella.numero; ++r)
     tabella.righe[r].valore = tabella.righe[r].valore_default;
+  for (int r = 0; r < tabella.numero_testi; ++r) tabella.testi[r].testo[0] = 0;
 }
 
 void DefaultIni() { DefaultTabella(TabellaParametri); }
@@ -71,6 +103,12 @@ void ScriviTabella(const TabellaIni& tabella) {
     testo.Formato("default: %d\n", int(riga.valore_default));
     testo.Formato("$\t%s\t", riga.chiave);
     testo.Formato("%d\n", int(riga.valore));
+  }
+  for (int r = 0; r < tabella.numero_testi; ++r) {
+    const RigaTestoIni& riga = tabella.testi[r];
+    testo.Formato("\n%s (testo, anche vuoto)\n", riga.descrizione);
+    testo.Formato("$\t%s\t", riga.chiave);
+    testo.Formato("%s\n", riga.testo);
   }
   // Better the old file than a cut one; a failed write is not reported.
   if (!testo.Troncato())

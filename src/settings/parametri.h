@@ -31,11 +31,22 @@ struct RigaIni {
 };
 extern RigaIni ParametroIni[NUMERO_PARAMETRI];
 
-// A settings file and the table it holds.
+// A row whose value is a line of text: a name, written in the game file.
+// Optional: a file without it keeps it empty, and says nothing.
+constexpr size_t LUNGHEZZA_TESTO_INI = 64;
+struct RigaTestoIni {
+  char chiave[32];
+  char descrizione[64];
+  char testo[LUNGHEZZA_TESTO_INI];  // "" when unset
+};
+
+// A settings file and the tables it holds.
 struct TabellaIni {
   const char* nome_file;
   RigaIni* righe;
   int numero;
+  RigaTestoIni* testi;
+  int numero_testi;
 };
 extern const TabellaIni TabellaParametri;   // pendrino.ini, ParametroIni
 extern const TabellaIni TabellaPreferenze;  // preferenze.ini, PreferenzaIni
@@ -51,6 +62,22 @@ extern RigaIni PreferenzaIni[NUMERO_PREFERENZE];
 inline int32_t Preferenza(int riga) { return PreferenzaIni[riga].valore; }
 
 void ImpostaPreferenza(int riga, int32_t valore);
+
+// The names the game file carries in its tags.
+enum RigaNome : int {
+  NOME_BIANCO = 0,
+  NOME_NERO = 1,
+  NOME_EVENTO = 2,
+  NOME_LUOGO = 3,
+  NOME_TURNO = 4,
+  NUMERO_NOMI = 5,
+};
+extern RigaTestoIni NomeIni[NUMERO_NOMI];
+inline const char* Nome(int riga) { return NomeIni[riga].testo; }
+// A new name, cut to its room; a control character ends it, and blanks at
+// its end are dropped.
+void ImpostaNome(int riga, const char* testo);
+void ImpostaTesto(RigaTestoIni& riga, const char* testo, size_t lunghezza);
 extern const char* const NomeFilePreferenze;  // "preferenze.ini"
 
 // The current value of a row.

@@ -65,6 +65,7 @@ class FilePartita : public ::testing::Test {
     RevocaAggiudicazione();
     AzzeraTempoUTC();
     DefaultIni();
+    DefaultTabella(TabellaPreferenze);
     ImpostaCadenzaPartita(CadenzaDaiParametri());
     PortaAllaSemimossa(0);
     std::memset(ElencoStringaMossa, 0, sizeof ElencoStringaMossa);
@@ -102,6 +103,28 @@ TEST_F(FilePartita, NomiDeiFileEAnnotatore) {
   EXPECT_STREQ(NomeFilePartita, "partita.pgn");
   EXPECT_STREQ(NomeFileListaMosse, "ListaMosse.txt");
   EXPECT_STREQ(NomeAnnotatore, "Pendrino1.0");
+}
+
+TEST_F(FilePartita, INomiNelleEtichetteSitoETurnoSoloSeDati) {
+  ImpostaNome(NOME_BIANCO, "Rossi, Mario");
+  ImpostaNome(NOME_NERO, "Anna \"la rossa\" Bianchi \\ 2");
+  Gioca({"e4"});
+  Salva();
+  const std::string pgn = Pgn();
+  EXPECT_NE(pgn.find(SulDisco("\n[Event \"?\"]\n[White \"Rossi, Mario\"]\n"
+                              "[Black \"Anna \\\"la rossa\\\" Bianchi \\\\ 2\"]\n")),
+            std::string::npos)
+      << pgn;
+  EXPECT_EQ(pgn.find("[Site "), std::string::npos);
+  EXPECT_EQ(pgn.find("[Round "), std::string::npos);
+  ImpostaNome(NOME_EVENTO, "Open di Roma");
+  ImpostaNome(NOME_LUOGO, "Roma");
+  ImpostaNome(NOME_TURNO, "5");
+  Salva();
+  EXPECT_NE(Pgn().find(SulDisco("\n[Event \"Open di Roma\"]\n[Site \"Roma\"]\n[Round \"5\"]\n"
+                                "[White \"Rossi, Mario\"]\n")),
+            std::string::npos)
+      << Pgn();
 }
 
 // ---------------------------------------------------------------------------
@@ -418,6 +441,15 @@ TEST_F(PgnExtract, LeggeLePartiteDeiTest) {
   Aggiudica("Abandoned", "Il nero abbandona", "1-0");
   RevocaAggiudicazione();
   verifica("revoked");
+
+  // Names in every tag, a quote among them.
+  ImpostaNome(NOME_BIANCO, "Rossi, Mario");
+  ImpostaNome(NOME_NERO, "Anna \"la rossa\" Bianchi");
+  ImpostaNome(NOME_EVENTO, "Torneo di Natale");
+  ImpostaNome(NOME_LUOGO, "Roma");
+  ImpostaNome(NOME_TURNO, "3");
+  Gioca({"e4", "e5"});
+  verifica("names");
 
   // All of them in one file, as a reader of many games meets them.
   EXPECT_TRUE(pgn_extract::TestoLettoSenzaErrori(tutte, partite));

@@ -15,7 +15,22 @@ const char* const PREFERENZE_DEFAULT =
     "$\tlettore_di_schermo\t0\n"
     "\n"
     "voce del programma (valore booleano) min: 0 max: 1 default: 0\n"
-    "$\tvoce\t0\n";
+    "$\tvoce\t0\n"
+    "\n"
+    "nome del bianco (testo, anche vuoto)\n"
+    "$\tbianco\t\n"
+    "\n"
+    "nome del nero (testo, anche vuoto)\n"
+    "$\tnero\t\n"
+    "\n"
+    "evento (testo, anche vuoto)\n"
+    "$\tevento\t\n"
+    "\n"
+    "luogo (testo, anche vuoto)\n"
+    "$\tluogo\t\n"
+    "\n"
+    "turno (testo, anche vuoto)\n"
+    "$\tturno\t\n";
 
 class Preferenze : public AmbienteParametri {
  protected:
@@ -89,6 +104,50 @@ TEST_F(Preferenze, LaChiaveDellePreferenzeInPendrinoIniLoRipristina) {
   LeggiIni();
   EXPECT_EQ(ini::Avvisi(), std::vector<std::string>{ini::NON_LEGGIBILE});
   EXPECT_EQ(Preferenza(PREFERENZA_LETTORE_DI_SCHERMO), 0);
+}
+
+TEST_F(Preferenze, INomiFinoAFineRiga) {
+  memoria::ImpostaFile("preferenze.ini",
+                       "$ lettore_di_schermo 0\n$ voce 0\n$\tbianco\tMario  Rossi  \r\n"
+                       "$ nero \t Anna \"la rossa\" Bianchi\n$ evento\n$ luogo Roma\n$ turno\t3");
+  LeggiTabella(TabellaPreferenze);
+  EXPECT_TRUE(memoria::Finestre().empty());
+  EXPECT_STREQ(Nome(NOME_BIANCO), "Mario  Rossi");
+  EXPECT_STREQ(Nome(NOME_NERO), "Anna \"la rossa\" Bianchi");
+  // A key at the line's end has no text: the next line is not its name.
+  EXPECT_STREQ(Nome(NOME_EVENTO), "");
+  EXPECT_STREQ(Nome(NOME_LUOGO), "Roma");
+  EXPECT_STREQ(Nome(NOME_TURNO), "3");
+}
+
+TEST_F(Preferenze, INomiSonoFacoltativi) {
+  ImpostaNome(NOME_BIANCO, "Rossi");
+  memoria::ImpostaFile("preferenze.ini", "$ lettore_di_schermo 1\n$ voce 0\n");
+  LeggiTabella(TabellaPreferenze);
+  EXPECT_TRUE(memoria::Finestre().empty());
+  EXPECT_EQ(Preferenza(PREFERENZA_LETTORE_DI_SCHERMO), 1);
+  EXPECT_STREQ(Nome(NOME_BIANCO), "");
+}
+
+TEST_F(Preferenze, UnNomeTroppoLungoPerdeLaFineEIlCarattereSpezzato) {
+  // 62 bytes, then a two-byte letter that does not fit whole.
+  const std::string lungo = std::string(62, 'a') + "\xC3\xA8" + "zzz";
+  ImpostaNome(NOME_EVENTO, lungo.c_str());
+  EXPECT_EQ(std::string(Nome(NOME_EVENTO)), std::string(62, 'a'));
+  ImpostaNome(NOME_EVENTO, "Torneo\tdi prova");
+  EXPECT_STREQ(Nome(NOME_EVENTO), "Torneo");
+}
+
+TEST_F(Preferenze, INomiTornanoNelFile) {
+  ImpostaNome(NOME_BIANCO, "Mario Rossi");
+  ImpostaNome(NOME_TURNO, "2.1");
+  ScriviTabella(TabellaPreferenze);
+  ImpostaNome(NOME_BIANCO, "");
+  ImpostaNome(NOME_TURNO, "");
+  LeggiTabella(TabellaPreferenze);
+  EXPECT_STREQ(Nome(NOME_BIANCO), "Mario Rossi");
+  EXPECT_STREQ(Nome(NOME_TURNO), "2.1");
+  EXPECT_STREQ(Nome(NOME_NERO), "");
 }
 
 }  // namespace
