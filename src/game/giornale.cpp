@@ -107,6 +107,18 @@ struct StatoDaScrivere {
 StatoDaScrivere scritto;
 StatoDaScrivere adesso;
 
+// The times as a reader of the journal has them so far, and the last move
+// written with no time record after it yet. A reader takes a move's time
+// after it from the first time record that follows the move, or, with none
+// before the next move, from the times it already has: when neither would
+// be the move's own, a time record is written for it.
+struct OrologioDelGiornale {
+  int32_t tempo[2];
+  uint64_t sospesa;  // 0: none
+};
+OrologioDelGiornale giornale_scritto;  // as the file on disk says
+OrologioDelGiornale giornale;          // as the text being composed says
+
 bool attivo = false;
 bool da_riscrivere = true;  // a fresh file with the whole state next time
 bool in_corso = false;
@@ -145,7 +157,10 @@ void ComponiCadenza(const CadenzaDiGioco& c) {
   testo.Termina();
 }
 
-void ComponiMossa(uint64_t ply) {
+void FissaTempoDellaMossa(const StatoDaScrivere& s, const int32_t tempo[2]);
+
+void ComponiMossa(const StatoDaScrivere& s, uint64_t ply) {
+  FissaTempoDellaMossa(s, giornale.tempo);
   const uint64_t mossa = ElencoMosse[ply];
   testo.Inizia('M');
   testo.Campo(int64_t(ply));
@@ -156,6 +171,7 @@ void ComponiMossa(uint64_t ply) {
   testo.Carattere(promozione >= 1 && promozione <= 4 ? LETTERE_PROMOZIONE[promozione] : '-');
   testo.Campo(ElencoStringaMossa[ply]);
   testo.Termina();
+  giornale.sospesa = ply;
 }
 
 void ComponiEsito(const StatoAggiudicazione& e) {
@@ -168,15 +184,35 @@ void ComponiEsito(const StatoAggiudicazione& e) {
   testo.Termina();
 }
 
-void ComponiOrologio(const StatoDaScrivere& s) {
+void ComponiTempi(const StatoDaScrivere& s, int32_t bianco, int32_t nero) {
   testo.Inizia('T');
   testo.Campo(s.in_moto ? 1 : 0);
   testo.Campo(s.prima_volta ? 1 : 0);
-  testo.Campo(s.tempo[0]);
-  testo.Campo(s.tempo[1]);
+  testo.Campo(bianco);
+  testo.Campo(nero);
   testo.Campo(s.data);
   testo.Campo(s.ora);
   testo.Termina();
+  giornale.tempo[0] = bianco;
+  giornale.tempo[1] = nero;
+  giornale.sospesa = 0;
+}
+
+// The time record a move waiting for one needs, unless the times a reader
+// will take for it (`tempo`) already hold the move's own.
+void FissaTempoDellaMossa(const StatoDaScrivere& s, const int32_t tempo[2]) {
+  const uint64_t p = giornale.sospesa;
+  if (p == 0) return;
+  const int lato = int((p - 1) & 1);
+  if (tempo[lato] == TempoDopoMossa[p]) return;
+  int32_t tempi[2] = {giornale.tempo[0], giornale.tempo[1]};
+  tempi[lato] = TempoDopoMossa[p];
+  ComponiTempi(s, tempi[0], tempi[1]);
+}
+
+void ComponiOrologio(const StatoDaScrivere& s) {
+  FissaTempoDellaMossa(s, s.tempo);
+  ComponiTempi(s, s.tempo[0], s.tempo[1]);
 }
 
 bool OrologioCambiato(const StatoDaScrivere& prima, const StatoDaScrivere& dopo) {
@@ -205,7 +241,10 @@ void ComponiTutto(const StatoDaScrivere& s) {
   testo.Campo(VERSIONE_GIORNALE);
   testo.Termina();
   ComponiCadenza(s.cadenza);
-  for (uint64_t p = TurnoIniziale + 1; p <= s.semimosse; ++p) ComponiMossa(p);
+  // A reader starts each side with the first period of the control.
+  const int32_t primo = int32_t(int64_t(s.cadenza.tempo_primo_periodo) * 60000);
+  giornale = {{primo, primo}, 0};
+  for (uint64_t p = TurnoIniziale + 1; p <= s.semimosse; ++p) ComponiMossa(s, p);
   if (s.esito.result[0] != '*') ComponiEsito(s.esito);
   ComponiOrologio(s);
 }
@@ -214,14 +253,17 @@ void ComponiTutto(const StatoDaScrivere& s) {
 // do not fit (the whole journal is written instead).
 bool ComponiDifferenze(const StatoDaScrivere& prima, const StatoDaScrivere& dopo) {
   testo.Svuota();
+  giornale = giornale_scritto;
   if (!(prima.cadenza == dopo.cadenza)) ComponiCadenza(dopo.cadenza);
   const uint64_t comuni = MossePrimaDellaDifferenza(prima, dopo);
   for (uint64_t p = prima.semimosse; p > comuni; --p) {
+    // A move taken back needs no time of its own any more.
+    if (giornale.sospesa == p) giornale.sospesa = 0;
     testo.Inizia('R');
     testo.Campo(int64_t(p - 1));
     testo.Termina();
   }
-  for (uint64_t p = comuni + 1; p <= dopo.semimosse; ++p) ComponiMossa(p);
+  for (uint64_t p = comuni + 1; p <= dopo.semimosse; ++p) ComponiMossa(dopo, p);
   if (!(prima.esito == dopo.esito)) ComponiEsito(dopo.esito);
   if (OrologioCambiato(prima, dopo)) ComponiOrologio(dopo);
   return !testo.Pieno();
@@ -266,6 +308,7 @@ void AggiornaGiornale(bool avviso) {
   if (riuscito) {
     da_riscrivere = false;
     scritto = adesso;
+    giornale_scritto = giornale;
   } else {
     da_riscrivere = true;
     scritto.partita = adesso.partita;
@@ -512,6 +555,7 @@ void LettoreGiornale::Avvia(bool gioca) {
   fermo_ = lunga_ = false;
   versione_ = 0;
   cadenza_letta_ = false;
+  sospesa_ = 0;
   usati_ = 0;
   esito_ = EsitoGiornale{};
   esito_.semimossa = gioca ? ContatoreMosse : 0;
@@ -577,11 +621,13 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
         RipristinaRipetizioni(ripetizioni);
         return false;
       }
+      sospesa_ = ContatoreMosse;
       break;
     }
     case 'R':
       if (ply == 0 || r.semimossa != ply - 1) return false;
       if (gioca_ && !RitiraUltimaMossa()) return false;
+      sospesa_ = 0;
       break;
     case 'E':
       if (!gioca_) break;
@@ -590,10 +636,16 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
       else
         Aggiudica(r.termination, r.commento, r.result);
       break;
-    case 'C':
+    case 'C': {
       if (versione_ < 2) return false;
-      if (gioca_) ImpostaCadenzaPartita(r.cadenza);
+      if (!gioca_) break;
+      // Each side starts with the first period, as the writer counts.
+      StatoOrologio orologio = FotografiaOrologio();
+      orologio.cadenza = r.cadenza;
+      orologio.tempo[0] = orologio.tempo[1] = int32_t(int64_t(r.cadenza.tempo_primo_periodo) * 60000);
+      RipristinaOrologio(orologio);
       break;
+    }
     case 'P': {
       // The settings in force of the first format: its first record is the
       // game's time control.
@@ -606,6 +658,8 @@ bool LettoreGiornale::Applica(const RecordGiornale& r) {
     }
     case 'T': {
       if (!gioca_) break;
+      if (sospesa_) ImpostaTempoDopoMossa(sospesa_, r.tempo[(sospesa_ - 1) & 1]);
+      sospesa_ = 0;
       // Taken up again with the clock stopped; what is shown stays as it is.
       StatoOrologio orologio = FotografiaOrologio();
       orologio.in_moto = 0;

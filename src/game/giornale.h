@@ -22,7 +22,11 @@
 //                                  the clock: running (0/1), ever run (0/1),
 //                                  each side's milliseconds left, the game's
 //                                  UTC date and time ("2026.11.23", "09:05:00"
-//                                  or "?")
+//                                  or "?"). The first T after a move holds the
+//                                  mover's time after it; with none before the
+//                                  next move, that time is the one already
+//                                  held. The times before the first T are the
+//                                  control's first period.
 //   F <utc>                        the program was left through its exit
 //                                  command: nothing to take up again
 //
@@ -117,6 +121,9 @@ class LettoreGiornale {
   bool gioca_ = false, fermo_ = false, lunga_ = false;
   uint32_t versione_ = 0;
   bool cadenza_letta_ = false;
+  // The last move replayed with no time record after it yet: the first one
+  // that follows gives its time (0: none).
+  uint64_t sospesa_ = 0;
   char riga_[LUNGHEZZA_MASSIMA_RIGA_GIORNALE];
   size_t usati_ = 0;
   EsitoGiornale esito_;

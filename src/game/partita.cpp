@@ -16,6 +16,7 @@
 #include "testo/composizione.h"
 
 char ElencoStringaMossa[MAX_SEMIMOSSE][LUNGHEZZA_STRINGA_MOSSA];
+int32_t TempoDopoMossa[MAX_SEMIMOSSE];
 RecordDettagliMossa DettagliMossa;
 
 const char* const CaratteriUtili = "12345678abcdefghNBRQK0";
@@ -291,9 +292,15 @@ uint64_t FaiMossaInComando() {
 // ---------------------------------------------------------------------------
 // Notation and the end of the game.
 
+void ImpostaTempoDopoMossa(uint64_t semimossa, int32_t millisecondi) {
+  if (semimossa < uint64_t(MAX_SEMIMOSSE)) TempoDopoMossa[semimossa] = millisecondi;
+}
+
 EsitoMossa AnnotaMossa(uint64_t mossa) {
   EsitoMossa esito{mossa, false, FineDellaPartita::Nessuna, DomandaAllArbitro::Nessuna, false};
   const uint64_t n = ContatoreMosse;
+  // Before any adjudication can stop the clock: the mover's time as pressed.
+  TempoDopoMossa[n] = TempoRimasto[(n - 1) & 1];
   // Never past its slot: seven characters at most.
   Composizione testo(ElencoStringaMossa[n], LUNGHEZZA_STRINGA_MOSSA);
 

@@ -12,6 +12,13 @@
 constexpr int LUNGHEZZA_STRINGA_MOSSA = 8;
 extern char ElencoStringaMossa[MAX_SEMIMOSSE][LUNGHEZZA_STRINGA_MOSSA];
 
+// The mover's time left after each ply, in milliseconds, as the clock stood
+// once the move was played (increment included): slot n for the ply that
+// made ContatoreMosse n. What the arbiter retraces a game with.
+extern int32_t TempoDopoMossa[MAX_SEMIMOSSE];
+// The journal gives a ply's time back as it was written.
+void ImpostaTempoDopoMossa(uint64_t semimossa, int32_t millisecondi);
+
 // What a typed text says about a move; 8 where it says nothing. Rows count
 // from rank 8 (row 0) as the squares do.
 constexpr int8_t VALORE_SCONOSCIUTO = 8;

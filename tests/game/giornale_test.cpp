@@ -37,6 +37,7 @@ std::vector<std::string> Righe(const std::string& testo) {
 struct Partita {
   Istantanea posizione;
   std::vector<std::string> testi;
+  std::vector<int32_t> tempi_mossa;  // the mover's time after each ply
   std::vector<uint64_t> legali;
   uint32_t ripetizioni, ripetuta[2];
   std::string stato;
@@ -50,6 +51,7 @@ struct Partita {
 Partita Fotografia() {
   Partita p{Fotografa(),
             {},
+            {},
             ParoleLegali(),
             Ripetizioni,
             {PosizioneRipetuta[0], PosizioneRipetuta[1]},
@@ -60,7 +62,10 @@ Partita Fotografia() {
             DataUTC,
             OraUTC,
             CadenzaPartita};
-  for (uint64_t n = 1; n <= ContatoreMosse; ++n) p.testi.push_back(ElencoStringaMossa[n]);
+  for (uint64_t n = 1; n <= ContatoreMosse; ++n) {
+    p.testi.push_back(ElencoStringaMossa[n]);
+    p.tempi_mossa.push_back(TempoDopoMossa[n]);
+  }
   return p;
 }
 
@@ -184,6 +189,66 @@ TEST_F(Giornale, OrologioInMotoUnRecordPerSecondoMostrato) {
   EXPECT_EQ(Righe(Contenuto()).size(), righe + 6);
   EXPECT_EQ(Righe(Contenuto()).back() + "\n",
             Riga("T 20261123T090507Z 1 1 7194000 7200000 2026.11.23 09:05:07"));
+}
+
+// The clock at each move: what the arbiter retraces a game with.
+TEST_F(Giornale, IlTempoDopoOgniMossaTornaDalGiornale) {
+  AvviaGiornale();
+  OrologioInMoto();
+  AggiornaGiornale();
+  int32_t attesi[5] = {};
+  const char* mosse[] = {"e4", "e5", "Nf3", "Nc6"};
+  for (int i = 0; i < 4; ++i) {
+    memoria::AvanzaMillisecondi(3000 + 1000 * i);
+    Mosse({mosse[i]});
+    attesi[i + 1] = TempoRimasto[i & 1];
+  }
+  EXPECT_EQ(TempoDopoMossa[1], 7197000);
+  EXPECT_EQ(TempoDopoMossa[4], 7190000);
+  for (int p = 1; p <= 4; ++p) EXPECT_EQ(TempoDopoMossa[p], attesi[p]) << p;
+  FermaOrologio();
+  AggiornaGiornale();
+  SiRicostruisceInSilenzio();
+}
+
+TEST_F(Giornale, RiscrittoPerInteroIlTempoDiOgniMossaResta) {
+  AvviaGiornale();
+  OrologioInMoto();
+  memoria::AvanzaMillisecondi(2500);
+  Mosse({"d4"});
+  memoria::AvanzaMillisecondi(4500);
+  Mosse({"d5"});
+  memoria::AvanzaMillisecondi(1500);
+  Mosse({"c4"});
+  FermaOrologio();
+  // The whole file anew, as after a start that took the game up again.
+  AvviaGiornale();
+  const auto righe = Righe(Contenuto());
+  // I, C, then each move with the time record that fixes its time; the last
+  // one's is the clock's own record.
+  ASSERT_EQ(righe.size(), 8u) << Contenuto();
+  EXPECT_EQ(righe[2] + "\n", Riga("M 20261123T090507Z 1 d2 d4 - d4"));
+  EXPECT_EQ(righe[3] + "\n", Riga("T 20261123T090507Z 0 1 7197500 7200000 2026.11.23 09:05:07"));
+  EXPECT_EQ(righe[5] + "\n", Riga("T 20261123T090507Z 0 1 7197500 7195500 2026.11.23 09:05:07"));
+  SiRicostruisceInSilenzio();
+  EXPECT_EQ(TempoDopoMossa[2], 7195500);
+}
+
+TEST_F(Giornale, UnTempoCambiatoDopoLaMossaNonELaSuaOra) {
+  AvviaGiornale();
+  Mosse({"e4"});
+  const std::string dopo_la_mossa = Contenuto();
+  // Clock stopped: the move needs no record of its own time.
+  EXPECT_EQ(Righe(dopo_la_mossa).size(), 4u);
+  ModificaTempo(0, 5);
+  AggiornaGiornale();
+  // The move's own time first, then the arbiter's change.
+  const auto righe = Righe(Contenuto());
+  ASSERT_EQ(righe.size(), 6u) << Contenuto();
+  EXPECT_EQ(righe[4] + "\n", Riga("T 20261123T090507Z 0 0 7200000 7200000 ? ?"));
+  EXPECT_EQ(righe[5] + "\n", Riga("T 20261123T090507Z 0 0 7500000 7200000 ? ?"));
+  SiRicostruisceInSilenzio();
+  EXPECT_EQ(TempoDopoMossa[1], 7200000);
 }
 
 TEST_F(Giornale, UnaNuovaPartitaRicominciaIlFile) {
